@@ -1,0 +1,42 @@
+#pragma once
+
+#include "workbook/userinterface.h"
+
+#include <QQueue>
+#include <QString>
+#include <QVector>
+
+// A user played by a script: it records every message and answers questions and file
+// dialogs from queues (No and Cancel when the queue is empty).
+class ScriptedUserInterface : public thermique::UserInterface
+{
+public:
+    struct Message
+    {
+        QString texte;
+        int style = 0;
+        QString titre;
+    };
+
+    int message(const QString &texte, int style, const QString &titre) override;
+    QString fichierOuvrir(const QString &titre, const QString &filtre,
+                          const QString &dossier) override;
+    QString fichierEnregistrer(const QString &titre, const QString &filtre,
+                               const QString &dossier, const QString &nomPropose) override;
+    void messageAttente(const QString &texte) override;
+    void fermerMessageAttente() override;
+    void ouvrirDocument(const QString &chemin) override;
+
+    // Script.
+    QQueue<int> reponses;
+    QQueue<QString> fichiers;
+
+    // Record.
+    QVector<Message> messages;
+    QStringList attentes;
+    QStringList documents;
+    QStringList dialogues;
+    bool attenteVisible = false;
+
+    QString dernierMessage() const { return messages.isEmpty() ? QString() : messages.last().texte; }
+};
