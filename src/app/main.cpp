@@ -1,18 +1,37 @@
-#include "workbook/mainwindow.h"
-
+#include "workbook/classeur.h"
 #include "workbook/dossierapplication.h"
+#include "workbook/fenetreprincipale.h"
+#include "workbook/feuilles.h"
+#include "workbook/interfaceqt.h"
+#include "workbook/projet.h"
+#include "workbook/study.h"
 
 #include <QApplication>
+#include <QFont>
 
 int main(int argc, char *argv[])
 {
     QApplication app(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Thermique"));
+    // A compact face, the same on every machine, for a dense workbook.
+    QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), 9));
+
     QStringList arguments = app.arguments();
     arguments.removeFirst();
     const auto dossier = thermique::DossierApplication::resoudre(
         arguments, QCoreApplication::applicationDirPath());
 
-    thermique::MainWindow fenetre(dossier);
+    thermique::Study etude;
+    thermique::gui::InterfaceQt interface;
+    thermique::Classeur classeur(etude, interface, dossier);
+    thermique::InstallerFeuilles(classeur);
+    thermique::InstallerFichierProjet(classeur);
+    thermique::gui::FenetrePrincipale fenetre(classeur);
+    interface.definirFenetre(&fenetre);
+    interface.definirClasseur(&classeur);
+
+    // A study given on the command line (a double click on a ".dep") opens at start.
+    fenetre.demarrer(arguments.isEmpty() ? QString() : arguments.first());
     fenetre.show();
     return app.exec();
 }

@@ -1,7 +1,10 @@
 #include "cli.h"
+#include "workbook/fichierprojet.h"
 
 #include <gtest/gtest.h>
 
+#include <QFile>
+#include <QTemporaryDir>
 #include <QTextStream>
 
 using namespace thermique;
@@ -64,4 +67,74 @@ TEST(Cli, FormatAndUsage)
         EXPECT_EQ(s.code, 2) << qPrintable(args.join(' '));
         EXPECT_TRUE(s.err.startsWith(QStringLiteral("Usage")));
     }
+}
+
+namespace {
+
+void ecrireEtude(const QString &chemin, const Study &e)
+{
+    QFile f(chemin);
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write(EcrireEtude(e).dep);
+}
+
+} // namespace
+
+TEST(Cli, DumpWritesOneLineARowWithEscapes)
+{
+    QTemporaryDir d;
+    Study e;
+    e.flexGrid[0] = Grid(2, 3);
+    e.flexGrid[0].setText(0, 0, QStringLiteral("Toulon\r\n83000"));
+    e.flexGrid[0].setText(0, 2, QStringLiteral("a\tb"));
+    e.flexGrid[0].setText(1, 1, QStringLiteral("Séjour"));
+    e.flexGrid3[13].setText(0, 0, QStringLiteral("jamais écrit"));
+    e.flexGrid3[2].setText(1, 2, QStringLiteral("Fioul"));
+    ecrireEtude(d.filePath("e.dep"), e);
+
+    const Sortie s = executer({"dump", d.filePath("e.dep"), "--grid", "sheet:0"});
+    EXPECT_EQ(s.code, 0);
+    EXPECT_EQ(s.out, QStringLiteral("Toulon\\n83000\t\ta\\tb\n\tSéjour\t\n"));
+    EXPECT_TRUE(executer({"dump", d.filePath("e.dep"), "--grid", "conso:2"})
+                    .out.section('\n', 1, 1)
+                    .endsWith(QStringLiteral("\tFioul")));
+
+    struct Cas
+    {
+        QStringList args;
+        int code;
+    };
+    const Cas erreurs[] = {
+        {{"dump", d.filePath("e.dep"), "--grid", "sheet:13"}, 2},
+        {{"dump", d.filePath("e.dep"), "--grid", "feuille:1"}, 2},
+        {{"dump", d.filePath("e.dep")}, 2},
+        {{"dump", d.filePath("absent.dep"), "--grid", "sheet:0"}, 1},
+    };
+    for (const Cas &c : erreurs)
+        EXPECT_EQ(executer(c.args).code, c.code) << qPrintable(c.args.join(' '));
+}
+
+TEST(Cli, RecalcSavesTheStudyItOpened)
+{
+    QTemporaryDir d;
+    Study e;
+    e.flexGrid[0].setText(9, 13, QStringLiteral("Toulon"));
+    e.flexGrid[0].setText(12, 13, QStringLiteral("Maison individuelle."));
+    e.flexGrid[0].setText(13, 13, QStringLiteral("(b) Exposée."));
+    e.flexGrid[4].setOperation(7, 15, QStringLiteral("2*3"));
+    ecrireEtude(d.filePath("e.dep"), e);
+    const Sortie s = executer({"--dossier", d.path(), "recalc", d.filePath("e.dep"), "-o",
+                               d.filePath("sortie.dep")});
+    EXPECT_EQ(s.code, 0) << qPrintable(s.err);
+    const Sortie relue = executer({"dump", d.filePath("sortie.dep"), "--grid", "sheet:0"});
+    EXPECT_EQ(relue.code, 0);
+    EXPECT_TRUE(relue.out.contains(QStringLiteral("Maison individuelle.")));
+    EXPECT_TRUE(QFile::exists(d.filePath("sortie.Pc1")));
+
+    // A damaged file is reported.
+    QFile f(d.filePath("abime.dep"));
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write("0,0,0,0\r\n2000000000,2,0,0\r\n");
+    f.close();
+    EXPECT_EQ(executer({"--dossier", d.path(), "recalc", d.filePath("abime.dep")}).code, 1);
 }

@@ -43,3 +43,10 @@ void ScriptedUserInterface::ouvrirDocument(const QString &chemin)
 {
     documents.append(chemin);
 }
+
+bool ScriptedUserInterface::ouvrirFormulaire(const QString &nom)
+{
+    formulairesOuverts.append(nom);
+    const auto f = formulaires.value(nom);
+    return f ? f() : false;
+}

@@ -2,7 +2,11 @@
 
 #include "workbook/userinterface.h"
 
+#include <QMap>
 #include <QQueue>
+#include <QStringList>
+
+#include <functional>
 #include <QString>
 #include <QVector>
 
@@ -27,7 +31,10 @@ public:
     void fermerMessageAttente() override;
     void ouvrirDocument(const QString &chemin) override;
 
-    // Script.
+    bool ouvrirFormulaire(const QString &nom) override;
+
+    // Script. A form is played by a function standing for the user at the dialog.
+    QMap<QString, std::function<bool()>> formulaires;
     QQueue<int> reponses;
     QQueue<QString> fichiers;
 
@@ -36,6 +43,7 @@ public:
     QStringList attentes;
     QStringList documents;
     QStringList dialogues;
+    QStringList formulairesOuverts;
     bool attenteVisible = false;
 
     QString dernierMessage() const { return messages.isEmpty() ? QString() : messages.last().texte; }

@@ -54,6 +54,9 @@ struct EtatSession
     int NombrePonts = 1;
     QStringList ListePontsPrecedente;
 
+    // Towns of the weather folder in use, for the locality list.
+    QStringList FichiersMeteo;
+
     double LatitudeSite = 0;
     QString ImpressionGrille = QStringLiteral("Oui");
     QString ImpressionQualite = QStringLiteral("Bonne");
@@ -67,6 +70,8 @@ struct EtatSession
     int InsertionTableau = 0;
     int MiseAJourResultats = 0;
     bool SessionOuverte = false;
+    // Number of the snapshot session of the study, from "SessionSauvegarde".
+    int NumeroSession = 1;
     bool TransfertActif = false;
     bool ContexteParoi = false;
 
@@ -77,6 +82,11 @@ struct EtatSession
         QStringLiteral("Non"), QStringLiteral("Non"), QStringLiteral("Non"),
         QStringLiteral("Non"), QStringLiteral("Non"), QStringLiteral("Non"),
     };
+
+    // Set elsewhere in the workbook (0 or -1); the town choice only tests it.
+    int DrapeauEtude = 0;
+    // The user's logo ("Logo\Logo.jpg") stands in the identity cell (2, 3) of sheet 0.
+    bool LogoIdentite = false;
 };
 
 } // namespace thermique

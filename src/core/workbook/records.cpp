@@ -172,10 +172,10 @@ std::optional<RecordReader::Champ> RecordReader::nextField()
         const qsizetype fin = m_texte.indexOf(QLatin1Char('"'), m_pos + 1);
         if (fin < 0) {
             // An unclosed string takes the rest of the data.
-            champ.texte = m_texte.mid(m_pos + 1);
+            champ.texte = QStringView(m_texte).mid(m_pos + 1);
             m_pos = n;
         } else {
-            champ.texte = m_texte.mid(m_pos + 1, fin - m_pos - 1);
+            champ.texte = QStringView(m_texte).mid(m_pos + 1, fin - m_pos - 1);
             m_pos = fin + 1;
             skipDelimiter();
         }
@@ -189,7 +189,7 @@ std::optional<RecordReader::Champ> RecordReader::nextField()
             break;
         ++fin;
     }
-    champ.texte = m_texte.mid(m_pos, fin - m_pos).trimmed();
+    champ.texte = QStringView(m_texte).mid(m_pos, fin - m_pos).trimmed();
     m_pos = fin;
     skipDelimiter();
     return champ;
@@ -200,7 +200,7 @@ std::optional<QString> RecordReader::readString()
     auto champ = nextField();
     if (!champ)
         return std::nullopt;
-    return std::move(champ->texte);
+    return champ->texte.toString();
 }
 
 std::optional<double> RecordReader::readNumber()
@@ -208,9 +208,27 @@ std::optional<double> RecordReader::readNumber()
     auto champ = nextField();
     if (!champ)
         return std::nullopt;
-    const QString &t = champ->texte;
+    const QStringView t = champ->texte;
     if (t.isEmpty())
         return 0.0;
+    // Plain integers are most of a study file: read them without the general parser.
+    if (t.size() < 16) {
+        qsizetype i = 0;
+        const bool negatif = t.front() == QLatin1Char('-');
+        if (negatif)
+            i = 1;
+        qint64 entier = 0;
+        bool chiffres = i < t.size();
+        for (; i < t.size() && chiffres; ++i) {
+            const char16_t u = t[i].unicode();
+            if (u < '0' || u > '9')
+                chiffres = false;
+            else
+                entier = entier * 10 + (u - '0');
+        }
+        if (chiffres)
+            return double(negatif ? -entier : entier);
+    }
     if (t == QLatin1String("#TRUE#"))
         return -1.0;
     if (t == QLatin1String("#FALSE#"))
@@ -243,7 +261,7 @@ std::optional<bool> RecordReader::readBoolean()
     auto champ = nextField();
     if (!champ)
         return std::nullopt;
-    const QString &t = champ->texte;
+    const QStringView t = champ->texte;
     if (t == QLatin1String("#TRUE#"))
         return true;
     if (t == QLatin1String("#FALSE#"))

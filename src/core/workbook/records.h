@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringView>
 
 #include <cstdint>
 #include <optional>
@@ -77,7 +78,7 @@ private:
     // The next field's raw text and whether it was quoted; nullopt at the end.
     struct Champ
     {
-        QString texte;
+        QStringView texte;
         bool guillemets = false;
     };
     std::optional<Champ> nextField();

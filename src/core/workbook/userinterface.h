@@ -3,6 +3,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
+
 class QTextStream;
 
 namespace thermique {
@@ -58,6 +60,22 @@ public:
 
     // A document (PDF help) or an outside program.
     virtual void ouvrirDocument(const QString &chemin) = 0;
+
+    // The colour dialog on a stored colour value; nothing when cancelled.
+    virtual std::optional<qint32> choisirCouleur(qint32 initiale)
+    {
+        Q_UNUSED(initiale);
+        return std::nullopt;
+    }
+
+    // A form of the application, by its name ("Frm_Identité"...). The gui shows the dialog,
+    // which works on the study through core functions. Returns false when the form does
+    // not exist here or the user cancelled it.
+    virtual bool ouvrirFormulaire(const QString &nom)
+    {
+        Q_UNUSED(nom);
+        return false;
+    }
 
     // Lets the screen breathe during long work; nothing by default.
     virtual void traiterEvenements() {}
