@@ -1,5 +1,6 @@
 #include "cli.h"
 
+#include "climate/commandemet.h"
 #include "workbook/calculatrice.h"
 #include "workbook/classeur.h"
 #include "workbook/dossierapplication.h"
@@ -22,6 +23,7 @@ const char usage[] = "Usage :\n"
                      "  thermique-cli format VALEUR MOTIF\n"
                      "  thermique-cli dump ETUDE.dep --grid sheet:N|besoins:N|conso:N\n"
                      "  thermique-cli recalc ETUDE.dep [-o SORTIE.dep]\n"
+                     "  thermique-cli met unscramble|scramble FICHIER\n"
                      "Option : --dossier DOSSIER (dossier de l'application)\n";
 
 int eval(const QStringList &args, QTextStream &sortie, QTextStream &erreurs)
@@ -172,6 +174,8 @@ int ExecuterCli(QStringList arguments, const QString &dossierExecutable, QTextSt
         code = dump(arguments, sortie, erreurs);
     else if (commande == QLatin1String("recalc"))
         code = recalc(arguments, dossier, erreurs);
+    else if (commande == QLatin1String("met"))
+        code = ExecuterCommandeMet(arguments, sortie, erreurs);
     else
         erreurs << usage;
     sortie.flush();

@@ -2,6 +2,7 @@
 #include "workbook/dossierapplication.h"
 #include "workbook/fenetreprincipale.h"
 #include "workbook/feuilles.h"
+#include "workbook/installationformulaires.h"
 #include "workbook/interfaceqt.h"
 #include "workbook/projet.h"
 #include "workbook/study.h"
@@ -29,6 +30,7 @@ int main(int argc, char *argv[])
     thermique::gui::FenetrePrincipale fenetre(classeur);
     interface.definirFenetre(&fenetre);
     interface.definirClasseur(&classeur);
+    thermique::gui::InstallerFormulaires(interface.formulaires());
 
     // A study given on the command line (a double click on a ".dep") opens at start.
     fenetre.demarrer(arguments.isEmpty() ? QString() : arguments.first());

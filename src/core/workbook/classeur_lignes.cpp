@@ -255,7 +255,11 @@ bool Classeur::VerifierPlace(int debut, int fin)
     if (fin >= g.rows())
         g.setRows(fin + 1);
     for (int r = std::max(debut, 0); r <= fin; ++r) {
-        if (ligneVide(g, r))
+        // A blank is data here: it is the invisible blank that the message warns about.
+        bool occupee = false;
+        for (int c = 0; c < g.cols() && !occupee; ++c)
+            occupee = !g.text(r, c).isEmpty();
+        if (!occupee)
             continue;
         m_ui.message(QStringLiteral("La plage de cellules disponibles pour l'insertion est "
                                     "insuffisante !\r\nUn espace, invisible dans une ligne, peut "

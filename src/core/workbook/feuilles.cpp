@@ -1,12 +1,16 @@
 #include "feuilles.h"
 
 #include "classeur.h"
+#include "administratif/feuilleadministrative.h"
+#include "envelope/coefu/feuillecoefu.h"
 
 namespace thermique {
 
 void InstallerFeuilles(Classeur &classeur)
 {
     // Sheets register here as they are built, one line each.
+    classeur.installerFeuille(0, std::make_unique<FeuilleAdministrative>());
+    classeur.installerFeuille(1, std::make_unique<FeuilleCoefU>());
     (void)classeur;
 }
 

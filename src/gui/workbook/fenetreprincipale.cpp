@@ -108,6 +108,8 @@ void FenetrePrincipale::construireCentre()
     m_onglets->setObjectName(QStringLiteral("TabStrip1"));
     m_onglets->setExpanding(false);
     m_onglets->setDrawBase(false);
+    // All eight tabs stay in sight: the window never gets narrower than they are.
+    m_onglets->setUsesScrollButtons(false);
     m_onglets->setFocusPolicy(Qt::StrongFocus);
     for (const char *nom : nomsFeuilles)
         m_onglets->addTab(QString::fromUtf8(nom).replace(QLatin1Char('&'), QLatin1String("&&")));

@@ -172,10 +172,11 @@ void ModeleGrille::calculerFusions()
         const Cell *ligne = g.rowCells(r);
         int c = 0;
         while (c < g.cols()) {
+            // Equal texts merge, empty ones too: that is why the sheets write a distinct
+            // number of blanks in cells that must stay apart.
             int fin = c;
-            if (!ligne[c].texte.trimmed().isEmpty())
-                while (fin + 1 < g.cols() && ligne[fin + 1].texte == ligne[c].texte)
-                    ++fin;
+            while (fin + 1 < g.cols() && ligne[fin + 1].texte == ligne[c].texte)
+                ++fin;
             if (fin > c) {
                 m_fusions.append(QRect(c, r, fin - c + 1, 1));
                 for (int i = c; i <= fin; ++i)

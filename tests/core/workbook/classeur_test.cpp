@@ -539,7 +539,6 @@ TEST_F(ClasseurTest, BlockPlaceRefusesARowHoldingABlank)
     Grid &g = etude.flexGrid[1];
     g.setText(12, 7, QStringLiteral(" "));
     EXPECT_TRUE(classeur->VerifierPlace(3, 11));
-    g.setText(12, 7, QStringLiteral("  x"));
     EXPECT_FALSE(classeur->VerifierPlace(10, 14));
     EXPECT_EQ(ui.dernierMessage(), QStringLiteral("La plage de cellules disponibles pour "
                                                   "l'insertion est insuffisante !\r\nUn espace, "

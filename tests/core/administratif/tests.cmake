@@ -1,0 +1,3 @@
+list(APPEND core_tests
+  core/administratif/feuilleadministrative_test.cpp
+)
