@@ -58,6 +58,11 @@ public:
     void DoubleCliqueCellule(int ligne, int colonne);
     void SurvolCellule(int ligne, int colonne, bool majuscule);
     void SurvolBouton(int bouton);
+    // The far end of the selection follows the pointer while the button is held; the
+    // current cell stays. Returns true when the selection changed.
+    bool EtendreSelection(int ligne, int colonne);
+    // Command2 of the Coef-U sheet: the building-physics notes.
+    void BoutonInformations();
     void DefilementGrille();
 
     // Keys on the grid: key down with the shift mask, then key press with the character.

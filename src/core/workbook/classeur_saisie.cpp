@@ -289,6 +289,22 @@ void Classeur::ClicDroitCellule(int ligne, int colonne)
     feuille(m_etat.FeuilleActive).clicDroit(*this, ligne, colonne);
 }
 
+bool Classeur::EtendreSelection(int ligne, int colonne)
+{
+    Grid &g = grilleActive();
+    if (!g.contient(ligne, colonne) || (g.rowSel == ligne && g.colSel == colonne))
+        return false;
+    g.rowSel = ligne;
+    g.colSel = colonne;
+    return true;
+}
+
+void Classeur::BoutonInformations()
+{
+    if (m_etat.FeuilleActive == 1)
+        m_ui.ouvrirDocument(m_dossier.fichier(QStringLiteral("Bases Physique Batiment.pdf")));
+}
+
 void Classeur::SurvolCellule(int ligne, int colonne, bool majuscule)
 {
     // With Shift held the text stays, so that the pointer can reach the panel.

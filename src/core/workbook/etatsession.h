@@ -87,6 +87,14 @@ struct EtatSession
     int DrapeauEtude = 0;
     // The user's logo ("Logo\Logo.jpg") stands in the identity cell (2, 3) of sheet 0.
     bool LogoIdentite = false;
+
+    // Final air renewal flows of the ventilation sheet (m³/h); for dwellings only the first.
+    int DebitRenouvellementMaxi = 0;
+    int DebitRenouvellementMini = 0;
+
+    // The line the insertion command adds on the heat-loss sheet: a bridge line when true
+    // (the check box of its choice form).
+    bool LigneInsereePont = false;
 };
 
 } // namespace thermique

@@ -93,6 +93,14 @@ void FenetrePrincipale::construireBarreOutils()
         m_boutons[i] = bouton;
         m_actionsBoutons[i] = m_barreOutils->addWidget(bouton);
     }
+    // Command2, on the Coef-U sheet only.
+    auto *informations = new QToolButton(m_barreOutils);
+    informations->setObjectName(QStringLiteral("Command2"));
+    informations->setText(QStringLiteral("Informations thechniques"));
+    informations->setFocusPolicy(Qt::StrongFocus);
+    connect(informations, &QToolButton::clicked, this,
+            [this] { appeler([&] { m_classeur.BoutonInformations(); }); });
+    m_actionInformations = m_barreOutils->addWidget(informations);
 }
 
 void FenetrePrincipale::construireCentre()
@@ -212,12 +220,8 @@ void FenetrePrincipale::etendreSelection(int ligne, int colonne)
     // stays where the button went down.
     if (m_dansAppel || m_enRafraichissement)
         return;
-    Grid &g = m_classeur.grilleActive();
-    if (!g.contient(ligne, colonne) || (g.rowSel == ligne && g.colSel == colonne))
-        return;
-    g.rowSel = ligne;
-    g.colSel = colonne;
-    rafraichir();
+    if (m_classeur.EtendreSelection(ligne, colonne))
+        rafraichir();
 }
 
 int FenetrePrincipale::indexVueActive() const
@@ -353,6 +357,7 @@ void FenetrePrincipale::rafraichirBoutons()
         bouton->setEnabled(b.actif);
         m_actionsBoutons[i]->setVisible(b.visible);
     }
+    m_actionInformations->setVisible(m_classeur.vue().boutonInformations);
 }
 
 void FenetrePrincipale::rafraichirFenetre()

@@ -80,6 +80,7 @@ private:
     QToolBar *m_barreOutils = nullptr;
     std::array<QToolButton *, NombreBoutons> m_boutons {};
     std::array<QAction *, NombreBoutons> m_actionsBoutons {};
+    QAction *m_actionInformations = nullptr;
     QTabBar *m_onglets = nullptr;
     QLabel *m_version = nullptr;
     QStackedWidget *m_pile = nullptr;
