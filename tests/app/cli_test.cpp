@@ -121,7 +121,8 @@ TEST(Cli, RecalcSavesTheStudyItOpened)
     e.flexGrid[0].setText(9, 13, QStringLiteral("Toulon"));
     e.flexGrid[0].setText(12, 13, QStringLiteral("Maison individuelle."));
     e.flexGrid[0].setText(13, 13, QStringLiteral("(b) Exposée."));
-    e.flexGrid[4].setOperation(7, 15, QStringLiteral("2*3"));
+    e.flexGrid[1].setText(5, 1, QStringLiteral("Mur extérieur"));
+    e.flexGrid[1].setText(5, 11, QStringLiteral("0.360"));
     ecrireEtude(d.filePath("e.dep"), e);
     const Sortie s = executer({"--dossier", d.path(), "recalc", d.filePath("e.dep"), "-o",
                                d.filePath("sortie.dep")});

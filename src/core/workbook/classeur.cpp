@@ -785,53 +785,47 @@ void Classeur::propagerVersPertes()
             p->attributs.alignement = AlignementDroiteCentre;
         }
     };
-    for (const QString &entree : parois) {
-        const QStringList champs = entree.split(QLatin1Char('@'));
-        if (champs.size() < 7)
-            continue;
-        const QString cle = entree.right(4);
-        for (int r = 4; r < pertes.rows(); ++r) {
-            if (pertes.text(r, 20) != cle)
+    // Every heat-loss row holding the key of a changed entry is rewritten, then recomputed.
+    auto reecrire = [&](const QStringList &entrees, int champsMinimum, const QString &code,
+                        const std::function<void(int, const QStringList &)> &champsLigne) {
+        for (const QString &entree : entrees) {
+            const QStringList champs = entree.split(QLatin1Char('@'));
+            if (champs.size() < champsMinimum)
                 continue;
-            pertes.setMergeRow(r, true);
-            pertes.setText(r, 0, QStringLiteral("TableauLigneCalculParoi"));
-            nom(r, champs[0]);
-            const int colonnes[] = {9, 10, 11, 12, 13};
-            const int sources[] = {1, 2, 3, 4, 5};
-            for (int i = 0; i < 5; ++i) {
-                pertes.setText(r, colonnes[i], champs[sources[i]]);
-                pertes.cellPtr(r, colonnes[i])->attributs.couleurFond = verrou;
+            const QString cle = entree.right(4);
+            for (int r = 4; r < pertes.rows(); ++r) {
+                if (pertes.text(r, 20) != cle)
+                    continue;
+                pertes.setMergeRow(r, true);
+                pertes.setText(r, 0, code);
+                nom(r, champs[0]);
+                champsLigne(r, champs);
+                pertes.setText(r, 18, QStringLiteral("       "));
+                pertes.setText(r, 20, cle);
+                feuille(4).recalculerLigne(*this, r);
             }
-            pertes.setText(r, 14, QStringLiteral("   "));
-            pertes.setText(r, 18, QStringLiteral("       "));
-            pertes.setText(r, 20, cle);
-            feuille(4).recalculerLigne(*this, r);
         }
-    }
-    for (const QString &entree : ponts) {
-        const QStringList champs = entree.split(QLatin1Char('@'));
-        if (champs.size() < 4)
-            continue;
-        const QString cle = entree.right(4);
-        for (int r = 4; r < pertes.rows(); ++r) {
-            if (pertes.text(r, 20) != cle)
-                continue;
-            pertes.setMergeRow(r, true);
-            pertes.setText(r, 0, QStringLiteral("TableauLigneCalculPontThermique"));
-            nom(r, champs[0]);
-            pertes.setText(r, 7, QString());
-            pertes.cellPtr(r, 7)->attributs.couleurFond = m_etat.CouleurSaisie;
-            pertes.setText(r, 9, champs[1]);
-            for (int c = 10; c <= 13; ++c)
-                pertes.setText(r, c, QStringLiteral(" "));
-            pertes.setText(r, 14, champs[2]);
-            pertes.setText(r, 16, QStringLiteral("     "));
-            pertes.setText(r, 17, QStringLiteral("1.00"));
-            pertes.setText(r, 18, QStringLiteral("       "));
-            pertes.setText(r, 20, cle);
-            feuille(4).recalculerLigne(*this, r);
-        }
-    }
+    };
+    reecrire(parois, 7, QStringLiteral("TableauLigneCalculParoi"),
+             [&](int r, const QStringList &champs) {
+                 // Code, the two fields, U and the last field, all copies: locked.
+                 for (int i = 0; i < 5; ++i) {
+                     pertes.setText(r, 9 + i, champs[1 + i]);
+                     pertes.cellPtr(r, 9 + i)->attributs.couleurFond = verrou;
+                 }
+                 pertes.setText(r, 14, QStringLiteral("   "));
+             });
+    reecrire(ponts, 4, QStringLiteral("TableauLigneCalculPontThermique"),
+             [&](int r, const QStringList &champs) {
+                 pertes.setText(r, 7, QString());
+                 pertes.cellPtr(r, 7)->attributs.couleurFond = m_etat.CouleurSaisie;
+                 pertes.setText(r, 9, champs[1]);
+                 for (int c = 10; c <= 13; ++c)
+                     pertes.setText(r, c, QStringLiteral(" "));
+                 pertes.setText(r, 14, champs[2]);
+                 pertes.setText(r, 16, QStringLiteral("     "));
+                 pertes.setText(r, 17, QStringLiteral("1.00"));
+             });
 
     if (m_etat.FeuilleActive == 4 && !m_etat.ModeTransfert) {
         bool donnees = false;

@@ -125,7 +125,9 @@ void ecrireBloc(RecordWriter &w, const Grid &g)
     }
 }
 
-bool lireBloc(RecordReader &r, Grid &g, int index, qsizetype taille)
+// Rows, Cols, FixedRows, FixedCols: the grid is made anew at that size when the rest of
+// the data can hold it.
+bool lireDimensions(RecordReader &r, Grid &g, qsizetype taille)
 {
     const auto rows = r.readInteger();
     const auto cols = r.readInteger();
@@ -136,6 +138,13 @@ bool lireBloc(RecordReader &r, Grid &g, int index, qsizetype taille)
     g = Grid(int(*rows), int(*cols));
     g.fixedRows = int(*fixedRows);
     g.fixedCols = int(*fixedCols);
+    return true;
+}
+
+bool lireBloc(RecordReader &r, Grid &g, int index, qsizetype taille)
+{
+    if (!lireDimensions(r, g, taille))
+        return false;
     g.modeAffichage = int(r.integer());
     g.col = int(r.integer());
     g.row = int(r.integer());
@@ -307,15 +316,8 @@ void ecrireBlocAncien(RecordWriter &w, const Grid &g, const GeometrieFenetre &fe
 
 bool lireBlocAncien(RecordReader &r, Grid &g, int index, qsizetype taille)
 {
-    const auto rows = r.readInteger();
-    const auto cols = r.readInteger();
-    const auto fixedRows = r.readInteger();
-    const auto fixedCols = r.readInteger();
-    if (!r.ok() || !tailleAcceptable(*rows, *cols, taille - r.position()))
+    if (!lireDimensions(r, g, taille))
         return false;
-    g = Grid(int(*rows), int(*cols));
-    g.fixedRows = int(*fixedRows);
-    g.fixedCols = int(*fixedCols);
     for (int ligne = 0; ligne < g.rows() && r.ok(); ++ligne) {
         const QStringList textes = r.string().split(QLatin1Char('\t'));
         for (int c = 0; c < g.cols() && c < textes.size(); ++c)

@@ -127,7 +127,10 @@ void EnregistrerSous(Classeur &c)
     enregistrerSous(c, true);
 }
 
-void OuvrirFichier(Classeur &c)
+namespace {
+
+// Before another study replaces this one: the offer to save it.
+void proposerEnregistrement(Classeur &c)
 {
     EtatSession &s = c.etat();
     if (s.EtudeModifiee) {
@@ -136,6 +139,14 @@ void OuvrirFichier(Classeur &c)
         s.EtudeModifiee = 0;
     }
     s.IgnorerCombo = 1;
+}
+
+} // namespace
+
+void OuvrirFichier(Classeur &c)
+{
+    EtatSession &s = c.etat();
+    proposerEnregistrement(c);
     const QString chemin = c.ui().fichierOuvrir(QString(), filtreEtudes,
                                                 c.dossier().fichier(QStringLiteral("Dossiers")));
     if (chemin.isEmpty())
@@ -163,12 +174,7 @@ bool OuvrirFichierChemin(Classeur &c, const QString &chemin)
 void OuvrirAncienFichier(Classeur &c)
 {
     EtatSession &s = c.etat();
-    if (s.EtudeModifiee) {
-        if (c.ui().question(QStringLiteral("Enregistrement du fichier ?"), c.vue().titre))
-            EnregistrerSous(c);
-        s.EtudeModifiee = 0;
-    }
-    s.IgnorerCombo = 1;
+    proposerEnregistrement(c);
     const QString chemin = c.ui().fichierOuvrir(QString(), filtreEtudes, QString());
     if (chemin.isEmpty())
         return;
