@@ -3,6 +3,7 @@
 #include "classeur.h"
 #include "administratif/feuilleadministrative.h"
 #include "envelope/coefu/feuillecoefu.h"
+#include "heatloss/ubat.h"
 
 namespace thermique {
 
@@ -11,6 +12,7 @@ void InstallerFeuilles(Classeur &classeur)
     // Sheets register here as they are built, one line each.
     classeur.installerFeuille(0, std::make_unique<FeuilleAdministrative>());
     classeur.installerFeuille(1, std::make_unique<FeuilleCoefU>());
+    classeur.installerFeuille(5, std::make_unique<FeuilleCoefUbat>());
     (void)classeur;
 }
 
