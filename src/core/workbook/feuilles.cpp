@@ -4,6 +4,7 @@
 #include "administratif/feuilleadministrative.h"
 #include "envelope/coefu/feuillecoefu.h"
 #include "heatloss/ubat.h"
+#include "ventilation/feuilleventilation.h"
 
 namespace thermique {
 
@@ -12,6 +13,7 @@ void InstallerFeuilles(Classeur &classeur)
     // Sheets register here as they are built, one line each.
     classeur.installerFeuille(0, std::make_unique<FeuilleAdministrative>());
     classeur.installerFeuille(1, std::make_unique<FeuilleCoefU>());
+    classeur.installerFeuille(3, std::make_unique<FeuilleVentilation>());
     classeur.installerFeuille(5, std::make_unique<FeuilleCoefUbat>());
     (void)classeur;
 }

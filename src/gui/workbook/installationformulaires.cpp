@@ -4,6 +4,7 @@
 #include "climate/formulairesclimat.h"
 #include "dialoguerecuperation.h"
 #include "envelope/formulairesenveloppe.h"
+#include "ventilation/formulairesventilation.h"
 
 namespace thermique::gui {
 
@@ -16,6 +17,7 @@ void InstallerFormulaires(Formulaires &formulaires)
     InstallerFormulairesAdministratif(formulaires);
     InstallerFormulairesClimat(formulaires);
     InstallerFormulairesEnveloppe(formulaires);
+    InstallerFormulairesVentilation(formulaires);
 }
 
 } // namespace thermique::gui
