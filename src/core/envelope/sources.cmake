@@ -12,4 +12,12 @@ target_sources(thermique_core PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/library/calculateurs.h
   ${CMAKE_CURRENT_LIST_DIR}/library/composants.cpp
   ${CMAKE_CURRENT_LIST_DIR}/library/composants.h
+  ${CMAKE_CURRENT_LIST_DIR}/bridges/cataloguepont.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/bridges/cataloguepont.h
+  ${CMAKE_CURRENT_LIST_DIR}/bridges/feuillepontsthermiques.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/bridges/feuillepontsthermiques.h
+  ${CMAKE_CURRENT_LIST_DIR}/windows/calculfenetre.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/windows/calculfenetre.h
+  ${CMAKE_CURRENT_LIST_DIR}/windows/cataloguesfenetres.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/windows/cataloguesfenetres.h
 )

@@ -1,6 +1,7 @@
 #include "envelope/formulairesenveloppe.h"
 
 #include "envelope/coefu/feuillecoefu.h"
+#include "envelope/formulairespontsfenetres.h"
 #include "workbook/classeur.h"
 
 namespace thermique::gui {
@@ -54,6 +55,7 @@ void InstallerFormulairesEnveloppe(Formulaires &formulaires)
                                                                  QWidget *parent) {
         return OuvrirBibliotheque(classeur, parent);
     };
+    InstallerFormulairesPontsFenetres(formulaires);
 }
 
 } // namespace thermique::gui

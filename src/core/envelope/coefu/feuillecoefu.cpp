@@ -1,5 +1,7 @@
 #include "envelope/coefu/feuillecoefu.h"
 
+#include "envelope/windows/calculfenetre.h"
+
 #include "workbook/calculatrice.h"
 #include "workbook/classeur.h"
 #include "workbook/nombres.h"
@@ -82,6 +84,9 @@ void ConstruireGrilleParois(Grid &g)
 
 QString AideParois(const Grid &g, int ligne, int colonne)
 {
+    // A window block has its own texts.
+    if (const QString a = AideFenetre(g, ligne, colonne); !a.isEmpty())
+        return a;
     const QString libelle = g.text(ligne, C::Libelle);
     switch (colonne) {
     case C::Nom:
@@ -146,6 +151,8 @@ OutilCellule OutilParois(const Grid &g, qint32 verrou, int ligne, int colonne)
     const auto tete = ChercherEntêteParoi(g, ligne);
     if (!tete)
         return {};
+    if (const QString f = FormulaireFenetre(g, ligne, colonne); !f.isEmpty())
+        return {OutilCellule::Formulaire, f};
     if (colonne == C::Teinte && ligne == *tete && !g.text(ligne, C::Teinte).trimmed().isEmpty())
         return {OutilCellule::ListeTeintes, {}};
     if (colonne == C::ResistanceSuperficielle
