@@ -569,6 +569,7 @@ void Classeur::changerFeuille(int nouvelle)
     m_menusActifs[QStringLiteral("Mnu_EclairageNaturel")] = false;
     m_etat.TransfertActif = false;
     m_vue.saisie.visible = false;
+    m_vue.image.clear();
     FermerListes();
 
     // 3. The simplified heat-loss mode has no bridges nor ventilation.

@@ -310,6 +310,7 @@ void Classeur::SurvolCellule(int ligne, int colonne, bool majuscule)
     // With Shift held the text stays, so that the pointer can reach the panel.
     if (majuscule)
         return;
+    m_vue.image = feuille(m_etat.FeuilleActive).image(*this, ligne, colonne);
     const QString texte = feuille(m_etat.FeuilleActive).aide(*this, ligne, colonne);
     if (m_etat.FeuilleActive == 1 && !texte.isEmpty()) {
         m_vue.aide = texte

@@ -96,6 +96,8 @@ struct EtatVue
     // Text2, the help panel under the sheets.
     QString aide;
     bool aideVisible = true;
+    // Frm_ImageAffiche: the drawing of the pointed row (a thermal bridge), or nothing.
+    QString image;
     qint32 couleurAide = 0;
     QString etiquetteVersion;
     // Combo1 (walls, bridges, texts) and Combo3 (other lists).

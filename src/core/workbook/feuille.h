@@ -27,6 +27,8 @@ public:
     virtual void choixListe(Classeur &, int /*liste*/, int /*index*/) {}
     // Help text for the pointed cell; empty keeps the present text.
     virtual QString aide(const Classeur &, int /*ligne*/, int /*colonne*/) const { return {}; }
+    // The picture shown beside the pointed row (path), or nothing.
+    virtual QString image(const Classeur &, int /*ligne*/, int /*colonne*/) const { return {}; }
     // Recalculation of the results rows (heat-loss sheet).
     virtual void recalculerResultats(Classeur &) {}
     // Reapplies the look of the rows from their codes (before a save, after a load).

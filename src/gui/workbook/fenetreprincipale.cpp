@@ -13,6 +13,7 @@
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPixmap>
 #include <QPlainTextEdit>
 #include <QScreen>
 #include <QStackedWidget>
@@ -276,6 +277,7 @@ void FenetrePrincipale::rafraichir()
     p.setColor(QPalette::Text, texteLisible(fond));
     m_aide->setPalette(p);
     m_version->setText(v.etiquetteVersion);
+    rafraichirImage(v.image);
 
     m_menus->appliquer(v.menus);
     rafraichirBoutons();
@@ -287,6 +289,30 @@ void FenetrePrincipale::rafraichir()
         // After the menu's own handling is over.
         QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
     }
+}
+
+void FenetrePrincipale::rafraichirImage(const QString &chemin)
+{
+    // Frm_ImageAffiche: a small window beside the sheet with the pointed detail.
+    if (chemin == m_cheminImage)
+        return;
+    m_cheminImage = chemin;
+    const QPixmap image(chemin);
+    if (chemin.isEmpty() || image.isNull()) {
+        if (m_image)
+            m_image->hide();
+        return;
+    }
+    if (!m_image) {
+        m_image = new QLabel(this, Qt::Tool | Qt::WindowDoesNotAcceptFocus);
+        m_image->setObjectName(QStringLiteral("Frm_ImageAffiche"));
+        m_image->setAttribute(Qt::WA_ShowWithoutActivating);
+        m_image->setWindowTitle(QStringLiteral("Thermique"));
+    }
+    m_image->setPixmap(image);
+    m_image->adjustSize();
+    m_image->move(geometry().right() - m_image->width() - 20, geometry().top() + 120);
+    m_image->show();
 }
 
 void FenetrePrincipale::rafraichirGrilles()

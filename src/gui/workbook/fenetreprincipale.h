@@ -68,6 +68,7 @@ private:
     void connecterVue(VueGrille *vue);
     int indexVueActive() const;
     const Grid *grilleDeVue(int index) const;
+    void rafraichirImage(const QString &chemin);
     void rafraichirGrilles();
     void rafraichirSaisie(VueGrille *vue);
     void rafraichirListes(VueGrille *vue);
@@ -81,6 +82,8 @@ private:
     std::array<QToolButton *, NombreBoutons> m_boutons {};
     std::array<QAction *, NombreBoutons> m_actionsBoutons {};
     QAction *m_actionInformations = nullptr;
+    QLabel *m_image = nullptr;
+    QString m_cheminImage;
     QTabBar *m_onglets = nullptr;
     QLabel *m_version = nullptr;
     QStackedWidget *m_pile = nullptr;

@@ -210,6 +210,12 @@ bool FeuillePontsThermiques::clicDroit(Classeur &classeur, int ligne, int colonn
     return true;
 }
 
+QString FeuillePontsThermiques::image(const Classeur &classeur, int ligne, int) const
+{
+    const QString chemin = ImagePontLigne(classeur.etude().flexGrid[2], classeur.dossier(), ligne);
+    return QFileInfo::exists(chemin) ? chemin : QString();
+}
+
 QString FeuillePontsThermiques::aide(const Classeur &classeur, int ligne, int colonne) const
 {
     const Grid &g = classeur.etude().flexGrid[2];

@@ -70,6 +70,7 @@ public:
 
     // The drawing under the pointer, for the image window; empty when none.
     const QString &imageSurvolee() const { return m_image; }
+    QString image(const Classeur &classeur, int ligne, int colonne) const override;
 
 private:
     mutable QString m_image;
