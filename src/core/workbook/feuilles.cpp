@@ -5,6 +5,7 @@
 #include "envelope/bridges/feuillepontsthermiques.h"
 #include "envelope/coefu/feuillecoefu.h"
 #include "envelope/windows/calculfenetre.h"
+#include "heatloss/feuillepertes.h"
 #include "heatloss/ubat.h"
 #include "ventilation/feuilleventilation.h"
 
@@ -18,8 +19,8 @@ void InstallerFeuilles(Classeur &classeur)
     dynamic_cast<FeuilleCoefU &>(classeur.feuille(1)).fenetres = ExtensionMenuiseries();
     classeur.installerFeuille(2, std::make_unique<FeuillePontsThermiques>());
     classeur.installerFeuille(3, std::make_unique<FeuilleVentilation>());
+    classeur.installerFeuille(4, std::make_unique<FeuillePertes>());
     classeur.installerFeuille(5, std::make_unique<FeuilleCoefUbat>());
-    (void)classeur;
 }
 
 } // namespace thermique

@@ -4,6 +4,7 @@
 #include "climate/formulairesclimat.h"
 #include "dialoguerecuperation.h"
 #include "envelope/formulairesenveloppe.h"
+#include "heatloss/formulairespertes.h"
 #include "ventilation/formulairesventilation.h"
 
 namespace thermique::gui {
@@ -17,6 +18,7 @@ void InstallerFormulaires(Formulaires &formulaires)
     InstallerFormulairesAdministratif(formulaires);
     InstallerFormulairesClimat(formulaires);
     InstallerFormulairesEnveloppe(formulaires);
+    InstallerFormulairesPertes(formulaires);
     InstallerFormulairesVentilation(formulaires);
 }
 
