@@ -19,7 +19,12 @@ const QString codeResultats = QStringLiteral("TableauLigneRésultats");
 const QString codeTete = QStringLiteral("TableauLigne1");
 const QString formatPertes = QStringLiteral("###,##0.00");
 
-using Ligne = std::array<QString, Colonnes>;
+// One envelope line: the cells it will show, and whether it is a bridge (a bridge's
+// length may be blank, so the cells alone do not tell).
+struct Ligne : std::array<QString, Colonnes>
+{
+    bool pont = false;
+};
 
 double nombre(const QString &t)
 {
@@ -33,7 +38,7 @@ bool estMenuiserie(const QString &code)
 
 bool estPont(const Ligne &l)
 {
-    return !l[15].trimmed().isEmpty();
+    return l.pont;
 }
 
 // 1. One line per wall or bridge row of the heat-loss sheet. A wall takes columns 6 to 15
@@ -47,6 +52,7 @@ QVector<Ligne> rassembler(const Grid &pertes)
         if (code != codeParoi && code != codePont)
             continue;
         Ligne l;
+        l.pont = code == codePont;
         for (int c = 5; c <= 13; ++c)
             l[c] = pertes.text(r, c + 1).trimmed();
         if (code == codePont)

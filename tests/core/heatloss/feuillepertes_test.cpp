@@ -8,6 +8,7 @@
 #include "envelope/coefu/feuillecoefu.h"
 #include "heatloss/calcullocal.h"
 #include "heatloss/feuillepertes.h"
+#include "heatloss/ubat.h"
 #include "heatloss/tableaupertes.h"
 #include "workbook/classeur.h"
 #include "workbook/nombres.h"
@@ -88,6 +89,7 @@ protected:
         c->installerFeuille(0, std::make_unique<FeuilleAdministrative>());
         c->installerFeuille(1, std::make_unique<FeuilleCoefU>());
         c->installerFeuille(4, std::make_unique<FeuillePertes>());
+        c->installerFeuille(5, std::make_unique<FeuilleCoefUbat>());
         c->ChargementInitial();
         return c;
     }
@@ -363,6 +365,34 @@ TEST_F(SessionPertesTest, SmallHouseFromEndToEnd)
     EXPECT_EQ(apres.operation(5, 7), QStringLiteral("60"));
     EXPECT_EQ(autre->vue().aide,
               QStringLiteral("Total calorifuites : ") + milliers("8 666") + QStringLiteral(" W "));
+
+    // Coef-Ubat of the reloaded house. Distinct lines: the sloping wall of the Séjour
+    // (20 m²), the upright walls of the other rooms (12 + 40), the ceilings and floors
+    // (92 m² each), the windows (4 + 2) and three bridge lines (12 m, none, 20 m).
+    //   Σj = 0.5·20 + 0.5·52 + 0.2·92 + 0.4·92 + 2·6 + 0.6·32 = 122.4
+    //   Σn = the same with 1.5 for the windows = 119.4; ΣA = 262
+    //   Ubat = ((122.4 + 119.4) / 2) / 262 = 0.461. No ventilation flow here, so
+    //   G = 122.4 / 405 m³ (every room above 12 °C) = 0.302 by day.
+    autre->ChangementFeuille(6);
+    ASSERT_EQ(autre->etat().FeuilleActive, 5);
+    const Grid &ubat = relue.flexGrid[5];
+    auto ligneUbat = [&](const QString &debut) {
+        for (int r = 0; r < ubat.rows(); ++r)
+            if (ubat.text(r, 5).startsWith(debut))
+                return r;
+        return -1;
+    };
+    const int formule = ligneUbat(QStringLiteral("Ubat = "));
+    ASSERT_GT(formule, 0);
+    EXPECT_EQ(ubat.text(formule, 5), QStringLiteral("Ubat = ((122.40 + 119.40) / 2) / 262.00"));
+    EXPECT_EQ(ubat.text(formule + 1, 5), QStringLiteral("= 0.461 W/(m².K)"));
+    const int g = ligneUbat(QStringLiteral("Calcul de G"));
+    ASSERT_GT(g, formule);
+    EXPECT_EQ(ubat.text(g + 7, 13), QStringLiteral("405.00"));
+    EXPECT_EQ(ubat.text(g + 8, 13), QStringLiteral("0.302"));
+    // The summary of the cover page: areas, volumes, losses, compactness.
+    EXPECT_TRUE(relue.flexGrid[0].text(14, 13).startsWith(QStringLiteral(" 92.00\r\n92.00\r\n405.00")))
+        << relue.flexGrid[0].text(14, 13).toStdString();
 }
 
 TEST_F(SessionPertesTest, ListsFormsAndLineCommands)
