@@ -14,8 +14,13 @@ int main(int argc, char *argv[])
 {
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Thermique"));
-    // A compact face, the same on every machine, for a dense workbook.
-    QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), 9));
+    // A compact face with the metrics of the sheets' old default one, so that texts fit
+    // the column widths the studies carry; DejaVu where it is missing.
+    QFont police;
+    police.setFamilies({QStringLiteral("Liberation Sans"), QStringLiteral("Arial"),
+                        QStringLiteral("DejaVu Sans")});
+    police.setPointSize(9);
+    QApplication::setFont(police);
 
     QStringList arguments = app.arguments();
     arguments.removeFirst();

@@ -13,8 +13,8 @@ namespace {
 const QString blanc = QStringLiteral(" ");
 
 // Widths of columns 0 to 18; the working columns beyond are hidden.
-constexpr int largeurs[19] = {0,   400, 400, 400, 400, 400, 400, 550, 550, 500,
-                              450, 450, 700, 700, 650, 950, 600, 500, 1000};
+constexpr int largeurs[19] = {0,   550, 400, 400, 400, 450, 400, 550, 550, 500,
+                              550, 450, 700, 700, 650, 950, 600, 600, 1000};
 
 void peindre(Grid &g, int r, const CouleursPertes &c, std::initializer_list<int> saisies,
              qint32 alignement = AlignementDroiteCentre)
@@ -327,8 +327,11 @@ void FormaterLigne(Grid &g, int r, const CouleursPertes &c)
 void RestaurerFormatPertes(Grid &g, const CouleursPertes &c)
 {
     FormerGrillePertes(g);
-    for (int r = 0; r < g.rows(); ++r)
+    for (int r = 0; r < g.rows(); ++r) {
+        // The file keeps no merge flag: every row of the sheet merges its equal neighbours.
+        g.setMergeRow(r, true);
         FormaterLigne(g, r, c);
+    }
 }
 
 } // namespace thermique

@@ -338,8 +338,12 @@ BilanUbat FeuilleCalculUbat(Classeur &classeur)
     };
     QVector<Colonne> colonnes{{13, 15, moyens.maxi, normale}};
     if (logement) {
-        g.setText(r, 13, QStringLiteral("Ventilation normale"));
-        g.setText(r, 17, QStringLiteral("Ventilation réduite"));
+        // Each heading covers its day and night columns.
+        for (int c = 13; c <= 16; ++c)
+            g.setText(r, c, QStringLiteral("Ventilation normale"));
+        for (int c = 17; c <= 20; ++c)
+            g.setText(r, c, QStringLiteral("Ventilation réduite"));
+        g.setMergeRow(r, true);
         colonnes << Colonne{17, 19, moyens.mini, reduite};
     }
     ++r;
@@ -393,7 +397,8 @@ BilanUbat FeuilleCalculUbat(Classeur &classeur)
                QStringLiteral("##0.00")),
     };
     Grid &admin = e.flexGrid[0];
-    const QString texte = QLatin1Char(' ') + resume.join(QStringLiteral("\r\n"));
+    // One figure a line, after the blank first line that the labels have too.
+    const QString texte = QStringLiteral("\r\n") + resume.join(QStringLiteral("\r\n"));
     for (int c = 13; c < admin.cols(); ++c)
         admin.setText(14, c, texte);
     g.setText(debutG - 2, 5, QStringLiteral("Part des ponts thermiques (%) : ")

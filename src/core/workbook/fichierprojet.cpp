@@ -2,6 +2,8 @@
 
 #include "records.h"
 
+#include <algorithm>
+
 namespace thermique {
 
 namespace {
@@ -135,7 +137,15 @@ bool lireDimensions(RecordReader &r, Grid &g, qsizetype taille)
     const auto fixedCols = r.readInteger();
     if (!r.ok() || !tailleAcceptable(*rows, *cols, taille - r.position()))
         return false;
-    g = Grid(int(*rows), int(*cols));
+    // The merge flags are not in the file: those of the sheet as it was built stay, as a
+    // grid resized in place keeps them.
+    Grid neuve(static_cast<int>(*rows), static_cast<int>(*cols));
+    for (int r = 0; r < std::min(g.rows(), neuve.rows()); ++r)
+        neuve.setMergeRow(r, g.mergeRow(r));
+    for (int c = 0; c < std::min(g.cols(), neuve.cols()); ++c)
+        neuve.setMergeCol(c, g.mergeCol(c));
+    neuve.modeFusion = g.modeFusion;
+    g = std::move(neuve);
     g.fixedRows = int(*fixedRows);
     g.fixedCols = int(*fixedCols);
     return true;

@@ -391,7 +391,7 @@ TEST_F(SessionPertesTest, SmallHouseFromEndToEnd)
     EXPECT_EQ(ubat.text(g + 7, 13), QStringLiteral("405.00"));
     EXPECT_EQ(ubat.text(g + 8, 13), QStringLiteral("0.302"));
     // The summary of the cover page: areas, volumes, losses, compactness.
-    EXPECT_TRUE(relue.flexGrid[0].text(14, 13).startsWith(QStringLiteral(" 92.00\r\n92.00\r\n405.00")))
+    EXPECT_TRUE(relue.flexGrid[0].text(14, 13).startsWith(QStringLiteral("\r\n92.00\r\n92.00\r\n405.00")))
         << relue.flexGrid[0].text(14, 13).toStdString();
 }
 

@@ -152,7 +152,7 @@ TEST_F(UbatTest, TwoRoomsGiveTheHandCheckedFigures)
     EXPECT_NEAR(b.g, 87.35 / 62.5, 1e-12);
     // The administrative summary, one figure a line.
     EXPECT_EQ(etude.flexGrid[0].text(14, 13),
-              QStringLiteral(" 35.00\r\n25.00\r\n87.50\r\n62.50\r\n1\u00A0100\r\n800\r\n0.40"));
+              QStringLiteral("\r\n35.00\r\n25.00\r\n87.50\r\n62.50\r\n1\u00A0100\r\n800\r\n0.40"));
 }
 
 TEST_F(UbatTest, OtherBuildingsHaveOneColumnPairAndNoRoomNoFormula)

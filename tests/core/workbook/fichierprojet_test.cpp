@@ -434,3 +434,25 @@ TEST_F(ProjetTest, RecoveryAfterACrashBringsBackTheFiveSheets)
     SupprimerRecuperation(apres.dossier(), liste);
     EXPECT_TRUE(ListeRecuperation(apres.dossier()).isEmpty());
 }
+
+TEST(FichierProjet, ReadingKeepsTheMergesOfTheBuiltSheets)
+{
+    // The file has no merge flag: a study read over built sheets keeps theirs, and rows
+    // beyond the built ones start unmerged.
+    const QByteArray dep = EcrireEtude(etudeComplete()).dep;
+    Study construite;
+    Grid &admin = construite.flexGrid[0];
+    admin.modeFusion = 2;
+    admin.setMergeRow(4, true);
+    admin.setMergeCol(2, true);
+    construite.flexGrid[4] = Grid(10, 38);
+    construite.flexGrid[4].setMergeRow(9, true);
+    ASSERT_TRUE(LireEtude(dep, construite));
+    EXPECT_EQ(construite.flexGrid[0].modeFusion, 2);
+    EXPECT_TRUE(construite.flexGrid[0].mergeRow(4));
+    EXPECT_TRUE(construite.flexGrid[0].mergeCol(2));
+    EXPECT_FALSE(construite.flexGrid[0].mergeRow(5));
+    EXPECT_TRUE(construite.flexGrid[4].mergeRow(9));
+    EXPECT_FALSE(construite.flexGrid[4].mergeRow(20));
+    EXPECT_EQ(construite.flexGrid[0].text(4, 3), etudeComplete().flexGrid[0].text(4, 3));
+}
