@@ -19,6 +19,10 @@ namespace thermique {
 class UserInterface;
 class Feuille;
 
+// Labels of column 6 of a wall block whose line cannot be removed: the computed rows of the
+// block, on the sheet and in the wall library alike.
+bool LibelleLigneFixe(const QString &libelle);
+
 // The workbook controller: what a tab click, a key, a click, a commit of the input box, a
 // list choice or a menu entry does to the study. It knows no widget: the window turns its
 // events into these calls and redraws from the study and vue(). A user session can be

@@ -58,6 +58,23 @@ void decalerVersLeBas(Grid &g, int debut)
 
 } // namespace
 
+bool LibelleLigneFixe(const QString &libelle)
+{
+    static const char *const fixes[] = {
+        "Résistance d",
+        "Coefficient des profils de menuiserie ",
+        "Surface de menuiserie",
+        "Surface de vitrage",
+        "Coefficient surfacique du vitrage (Ug) :",
+        "Coefficient linéique du vitrage (psi-g) :",
+        "Longueur de liaison vit. men. (m) :",
+    };
+    for (const char *l : fixes)
+        if (libelle.startsWith(QString::fromUtf8(l)))
+            return true;
+    return false;
+}
+
 void Classeur::InsererLigne()
 {
     const int f = m_etat.FeuilleActive;
@@ -198,18 +215,8 @@ void Classeur::SupprimerLigne()
         if (ligne > 0 && g.estVerrouillee(ligne - 1, g.col, verrou)
             && g.estVerrouillee(ligne + 1, g.col, verrou))
             return;
-        static const char *const fixes[] = {
-            "Résistance d",
-            "Coefficient des profils de menuiserie ",
-            "Surface de menuiserie",
-            "Surface de vitrage",
-            "Coefficient surfacique du vitrage (Ug) :",
-            "Coefficient linéique du vitrage (psi-g) :",
-            "Longueur de liaison vit. men. (m) :",
-        };
-        for (const char *libelle : fixes)
-            if (g.text(ligne, 6).startsWith(QString::fromUtf8(libelle)))
-                return;
+        if (LibelleLigneFixe(g.text(ligne, 6)))
+            return;
         const bool colonne6 = g.col == 6;
         g.removeRow(ligne);
         if (colonne6)

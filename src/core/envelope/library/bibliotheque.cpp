@@ -340,18 +340,8 @@ void BibliothequeParois::supprimerLigne(int ligne, int colonne)
     } else {
         if (ligne >= g.rows() - 1)
             return;
-        static const char *const fixes[] = {
-            "Résistance d",
-            "Coefficient des profils de menuiserie ",
-            "Surface de menuiserie",
-            "Surface de vitrage",
-            "Coefficient surfacique du vitrage (Ug) :",
-            "Coefficient linéique du vitrage (psi-g) :",
-            "Longueur de liaison vit. men. (m) :",
-        };
-        for (const char *l : fixes)
-            if (g.text(ligne, C::Libelle).startsWith(QString::fromUtf8(l)))
-                return;
+        if (LibelleLigneFixe(g.text(ligne, C::Libelle)))
+            return;
         if (ligne > 0 && g.estVerrouillee(ligne - 1, colonne, m_verrou)
             && g.estVerrouillee(ligne + 1, colonne, m_verrou))
             return;
