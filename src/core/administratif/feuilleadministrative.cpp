@@ -383,7 +383,8 @@ void FeuilleAdministrative::choixListe(Classeur &classeur, int liste, int index)
 QString FeuilleAdministrative::aide(const Classeur &classeur, int ligne, int colonne) const
 {
     const Grid &g = classeur.etude().flexGrid[0];
-    return AideAdministrative(MilieuLigne(g, ligne), colonne >= 12);
+    const int y = classeur.pointeurY();
+    return AideAdministrative(y >= 0 ? y : MilieuLigne(g, ligne), colonne >= 12);
 }
 
 } // namespace thermique

@@ -60,7 +60,10 @@ public:
     void CliqueCellule(int ligne, int colonne);
     void ClicDroitCellule(int ligne, int colonne);
     void DoubleCliqueCellule(int ligne, int colonne);
-    void SurvolCellule(int ligne, int colonne, bool majuscule);
+    // `yTwips`: the pointer's height in the sheet (scrolled-out rows included), when known.
+    void SurvolCellule(int ligne, int colonne, bool majuscule, int yTwips = -1);
+    // The pointer height of the last SurvolCellule, -1 when unknown.
+    int pointeurY() const { return m_pointeurY; }
     void SurvolBouton(int bouton);
     // The far end of the selection follows the pointer while the button is held; the
     // current cell stays. Returns true when the selection changed.
@@ -197,6 +200,7 @@ private:
     int m_largeurEcran = 19200;
     int m_hauteurEcran = 14400;
     QString m_sensDeplacement;
+    int m_pointeurY = -1;
     QMap<QString, bool> m_menusActifs;
     QMap<QString, std::function<void()>> m_actionsMenu;
 };

@@ -305,8 +305,9 @@ void Classeur::BoutonInformations()
         m_ui.ouvrirDocument(m_dossier.fichier(QStringLiteral("Bases Physique Batiment.pdf")));
 }
 
-void Classeur::SurvolCellule(int ligne, int colonne, bool majuscule)
+void Classeur::SurvolCellule(int ligne, int colonne, bool majuscule, int yTwips)
 {
+    m_pointeurY = yTwips;
     // With Shift held the text stays, so that the pointer can reach the panel.
     if (majuscule)
         return;

@@ -180,8 +180,8 @@ void FenetrePrincipale::connecterVue(VueGrille *vue)
             [this](int r, int c) { appeler([&] { m_classeur.ClicDroitCellule(r, c); }); });
     connect(vue, &VueGrille::doubleCliqueCellule, this,
             [this](int r, int c) { appeler([&] { m_classeur.DoubleCliqueCellule(r, c); }); });
-    connect(vue, &VueGrille::survolCellule, this, [this](int r, int c, bool majuscule) {
-        appeler([&] { m_classeur.SurvolCellule(r, c, majuscule); });
+    connect(vue, &VueGrille::survolCellule, this, [this](int r, int c, bool majuscule, int y) {
+        appeler([&] { m_classeur.SurvolCellule(r, c, majuscule, y); });
     });
     connect(vue, &VueGrille::defilement, this,
             [this] { appeler([&] { m_classeur.DefilementGrille(); }); });

@@ -218,11 +218,19 @@ void VueGrille::mouseMoveEvent(QMouseEvent *evenement)
         emit selectionEtendue(r, c);
     }
     const bool majuscule = evenement->modifiers() & Qt::ShiftModifier;
-    if (QPoint(c, r) == m_survol && majuscule == m_survolMajuscule)
+    // The height of the pointer in the sheet, in twips, scrolled-out rows included: some
+    // help texts change within one tall row.
+    int y = 0;
+    if (const auto *modele = qobject_cast<const ModeleGrille *>(model()); modele && modele->grille())
+        for (int ligne = 0; ligne < r; ++ligne)
+            y += modele->grille()->rowHeight(ligne);
+    y += (int(evenement->position().y()) - rowViewportPosition(r)) * TwipsParPixel;
+    if (QPoint(c, r) == m_survol && majuscule == m_survolMajuscule && y / 100 == m_survolY / 100)
         return;
     m_survol = {c, r};
     m_survolMajuscule = majuscule;
-    emit survolCellule(r, c, majuscule);
+    m_survolY = y;
+    emit survolCellule(r, c, majuscule, y);
 }
 
 void VueGrille::leaveEvent(QEvent *evenement)

@@ -37,7 +37,7 @@ signals:
     void doubleCliqueCellule(int ligne, int colonne);
     // The left button held down and moved to another cell: the selection's far end.
     void selectionEtendue(int ligne, int colonne);
-    void survolCellule(int ligne, int colonne, bool majuscule);
+    void survolCellule(int ligne, int colonne, bool majuscule, int yTwips);
     void defilement();
     void toucheEnfoncee(int code, int masque);
     void toucheCaractere(int code);
@@ -64,6 +64,7 @@ private:
     // Last cell reported under the pointer (x column, y row), with the shift state.
     QPoint m_survol {-1, -1};
     bool m_survolMajuscule = false;
+    int m_survolY = -1;
 };
 
 } // namespace thermique::gui

@@ -527,9 +527,14 @@ TEST_F(FeuilleAdministrativeTest, HelpPanelByBand)
         EXPECT_TRUE(classeur->vue().aide.startsWith(QString::fromUtf8(c.debut)))
             << c.ligne << "," << c.colonne << ": " << classeur->vue().aide.toStdString();
     }
+    // Within the tall results row the text follows the pointer's height.
+    classeur->SurvolCellule(14, 5, false, 8800);
+    EXPECT_TRUE(classeur->vue().aide.startsWith(QStringLiteral("Surface totale chauffée")));
+    classeur->SurvolCellule(14, 5, false, 9500);
+    EXPECT_TRUE(classeur->vue().aide.startsWith(QStringLiteral("Volume chauffé à plus de 12")));
     // Shift keeps the text.
     classeur->SurvolCellule(2, 3, true);
-    EXPECT_TRUE(classeur->vue().aide.startsWith(QStringLiteral("Déplacer")));
+    EXPECT_TRUE(classeur->vue().aide.startsWith(QStringLiteral("Volume chauffé à plus de 12")));
 }
 
 TEST(Identite, RoomListAndLogo)
