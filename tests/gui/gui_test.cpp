@@ -22,6 +22,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QDir>
+#include <QImage>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QKeyEvent>
@@ -914,4 +915,30 @@ int main(int argc, char **argv)
     QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), 9));
     ::testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
+}
+
+TEST_F(Atelier, LogoDansLaCelluleIdentite)
+{
+    // A plain red logo: once the identity gives way to it, the cell shows red.
+    QDir().mkpath(dossier.filePath(QStringLiteral("Logo")));
+    QImage rouge(40, 20, QImage::Format_RGB32);
+    rouge.fill(Qt::red);
+    ASSERT_TRUE(rouge.save(dossier.filePath(QStringLiteral("Logo/Logo.jpg"))));
+    grille().setRowHeight(2, 1200);
+    for (int c = 1; c <= 6; ++c)
+        grille().setColWidth(c, 900);
+    auto couleurAuCentre = [&] {
+        redessiner();
+        const QImage vueImage = vue()->viewport()->grab().toImage();
+        // The picture starts at the top left of the cell's merged range.
+        const QRect zone = vue()->visualRect(vue()->model()->index(2, 3));
+        return QColor(vueImage.pixel(zone.topLeft() + QPoint(8, 8)));
+    };
+    EXPECT_GT(couleurAuCentre().green(), 200);
+    classeur->etat().LogoIdentite = true;
+    const QColor avecLogo = couleurAuCentre();
+    EXPECT_GT(avecLogo.red(), 200);
+    EXPECT_LT(avecLogo.green(), 60);
+    classeur->etat().LogoIdentite = false;
+    EXPECT_GT(couleurAuCentre().green(), 200);
 }

@@ -12,6 +12,8 @@
 
 #include <QCloseEvent>
 #include <QHBoxLayout>
+#include <QDateTime>
+#include <QFileInfo>
 #include <QLabel>
 #include <QPixmap>
 #include <QPlainTextEdit>
@@ -278,6 +280,7 @@ void FenetrePrincipale::rafraichir()
     m_aide->setPalette(p);
     m_version->setText(v.etiquetteVersion);
     rafraichirImage(v.image);
+    rafraichirLogo();
 
     m_menus->appliquer(v.menus);
     rafraichirBoutons();
@@ -289,6 +292,24 @@ void FenetrePrincipale::rafraichir()
         // After the menu's own handling is over.
         QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
     }
+}
+
+void FenetrePrincipale::rafraichirLogo()
+{
+    // The user's logo stands in the identity cell of the cover page; the picture is read
+    // again only when the file changes.
+    QString cle;
+    if (m_classeur.etat().LogoIdentite) {
+        const QFileInfo fichier(m_classeur.dossier().fichier(QStringLiteral("Logo/Logo.jpg")));
+        cle = fichier.absoluteFilePath() + fichier.lastModified().toString(Qt::ISODateWithMs);
+    }
+    if (cle == m_cleLogo)
+        return;
+    m_cleLogo = cle;
+    m_vues[0]->definirImage(2, 3,
+                            cle.isEmpty()
+                                ? QPixmap()
+                                : QPixmap(m_classeur.dossier().fichier(QStringLiteral("Logo/Logo.jpg"))));
 }
 
 void FenetrePrincipale::rafraichirImage(const QString &chemin)

@@ -68,6 +68,7 @@ private:
     void connecterVue(VueGrille *vue);
     int indexVueActive() const;
     const Grid *grilleDeVue(int index) const;
+    void rafraichirLogo();
     void rafraichirImage(const QString &chemin);
     void rafraichirGrilles();
     void rafraichirSaisie(VueGrille *vue);
@@ -84,6 +85,7 @@ private:
     QAction *m_actionInformations = nullptr;
     QLabel *m_image = nullptr;
     QString m_cheminImage;
+    QString m_cleLogo;
     QTabBar *m_onglets = nullptr;
     QLabel *m_version = nullptr;
     QStackedWidget *m_pile = nullptr;

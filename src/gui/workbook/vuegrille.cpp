@@ -233,6 +233,30 @@ void VueGrille::mouseMoveEvent(QMouseEvent *evenement)
     emit survolCellule(r, c, majuscule, y);
 }
 
+void VueGrille::definirImage(int ligne, int colonne, const QPixmap &image)
+{
+    if (m_celluleImage == QPoint(colonne, ligne) && m_image.cacheKey() == image.cacheKey())
+        return;
+    m_image = image;
+    m_celluleImage = {colonne, ligne};
+    viewport()->update();
+}
+
+void VueGrille::paintEvent(QPaintEvent *evenement)
+{
+    QTableView::paintEvent(evenement);
+    if (m_image.isNull() || !model())
+        return;
+    // Drawn inside the cell's range, keeping its proportions.
+    const QRect zone = visualRect(model()->index(m_celluleImage.y(), m_celluleImage.x()))
+                           .adjusted(2, 2, -2, -2);
+    if (zone.isEmpty())
+        return;
+    const QPixmap image = m_image.scaled(zone.size(), Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    QPainter peintre(viewport());
+    peintre.drawPixmap(zone.topLeft(), image);
+}
+
 void VueGrille::leaveEvent(QEvent *evenement)
 {
     m_survol = {-1, -1};

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPixmap>
 #include <QTableView>
 
 namespace thermique {
@@ -30,6 +31,8 @@ public:
     QRect rectCellule(int ligne, int colonne) const;
     // Inside the range from the current cell to the selection end, when there is a range.
     bool dansSelection(int ligne, int colonne) const;
+    // A picture drawn over a cell (the logo of the cover page); a null one removes it.
+    void definirImage(int ligne, int colonne, const QPixmap &image);
 
 signals:
     void cliqueCellule(int ligne, int colonne);
@@ -49,6 +52,7 @@ protected:
     void mouseMoveEvent(QMouseEvent *evenement) override;
     void leaveEvent(QEvent *evenement) override;
     void keyPressEvent(QKeyEvent *evenement) override;
+    void paintEvent(QPaintEvent *evenement) override;
 
 private:
     bool celluleSous(const QPoint &position, int &ligne, int &colonne) const;
@@ -65,6 +69,8 @@ private:
     QPoint m_survol {-1, -1};
     bool m_survolMajuscule = false;
     int m_survolY = -1;
+    QPixmap m_image;
+    QPoint m_celluleImage {-1, -1};
 };
 
 } // namespace thermique::gui
