@@ -328,6 +328,8 @@ void Classeur::CollerTableau()
         g.setRowHeight(r, m_copieTableau.rowHeight(i + 1));
         g.setMergeRow(r, m_copieTableau.mergeRow(i + 1));
     }
+    // The pasted rows take the look of their row codes again, then every room is redone.
+    feuille(4).miseEnForme(*this);
     for (int i = 0; i < nombre; ++i)
         if (codeLigne(ligne + i).startsWith(QLatin1String("TableauLigneCalcul")))
             feuille(4).recalculerLigne(*this, ligne + i);

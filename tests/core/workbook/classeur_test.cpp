@@ -29,6 +29,8 @@ struct FeuilleEspion : Feuille
     int resultats = 0;
     int tableaux = 0;
     int validations = 0;
+    int formes = 0;
+    void miseEnForme(Classeur &) override { ++formes; }
     void recalculerLigne(Classeur &, int) override { ++lignes; }
     void recalculerResultats(Classeur &) override { ++resultats; }
     void apresValidation(Classeur &, int, int) override { ++validations; }
@@ -509,6 +511,8 @@ TEST_F(ClasseurTest, CopyAndPasteOfARoomTable)
     EXPECT_EQ(g.operation(14, 15), QStringLiteral("3*4"));
     EXPECT_EQ(g.text(17, 0), QStringLiteral("TableauInterTableau"));
     EXPECT_EQ(pertes->lignes, lignesAvant + 1);
+    // The pasted rows are dressed again by their codes.
+    EXPECT_GE(pertes->formes, 1);
 }
 
 TEST_F(ClasseurTest, TableInsertionNeedsAFreeRowOrATableHead)
