@@ -233,13 +233,69 @@ void FeuillePertes::choixListe(Classeur &c, int liste, int index)
     }
 }
 
+namespace {
+
+// What the user can type or do in each column of a wall or bridge line.
+struct AideColonne
+{
+    int colonne;
+    const char *texte;
+};
+constexpr AideColonne aidesLigne[] = {
+    {C::Inclinaison, "Inclinaison de la paroi en degrés : 0 plancher, 90 mur vertical, 180 "
+                     "plafond. Une opération est acceptée (ex. 90-30)."},
+    {C::Azimut, "Orientation de la paroi : clic droit pour la rose des vents."},
+    {C::UJour, "Coefficient U de jour, recopié de la feuille Coef - U et corrigé selon "
+               "l'inclinaison."},
+    {C::UNuit, "Coefficient U de nuit (volets fermés pour les menuiseries)."},
+    {C::Quantite, "Surface (m²) d'une paroi ou longueur (m) d'un pont thermique ; une opération "
+                  "est acceptée, ex. 5.20*2.50-1.20*1.35. Pour une menuiserie, clic pour ses "
+                  "données complémentaires."},
+    {C::B, "Coefficient de réduction de température b : 1.00 sur l'extérieur ; clic droit pour "
+           "le choisir selon le local non chauffé."},
+    {C::Pertes, "Pertes de la ligne (W) = quantité x U x ΔT x b."},
+};
+
+} // namespace
+
 QString FeuillePertes::aide(const Classeur &c, int ligne, int colonne) const
 {
     const Grid &g = c.etude().flexGrid[4];
     const QString code = g.text(ligne, C::Code);
-    if (EstLigneCalcul(code) && colonne >= C::Nom && colonne <= 6)
-        return QStringLiteral("Code de la ligne : ") + g.text(ligne, C::CodeParoi).trimmed()
-            + QStringLiteral(".\r\nClic droit pour changer de paroi.");
+    if (EstLigneCalcul(code)) {
+        if (colonne >= C::Nom && colonne <= 6)
+            return QStringLiteral("Code de la ligne : ") + g.text(ligne, C::CodeParoi).trimmed()
+                + QStringLiteral(".\r\nClic droit pour changer de paroi.");
+        for (const AideColonne &a : aidesLigne)
+            if (a.colonne == colonne)
+                return QString::fromUtf8(a.texte);
+        return {};
+    }
+    if (code == CodePertes::Tete) {
+        if (colonne >= C::NomLocal && colonne <= 6)
+            return QStringLiteral("Nom du local : saisie au clavier, ou clic droit pour la liste "
+                                  "des pièces.");
+        if (colonne == C::TemperatureResultante)
+            return QStringLiteral("Température résultante de consigne θrs du local (°C).");
+        if (colonne == C::Emetteur)
+            return QStringLiteral("Type d'émetteur : clic pour la liste ; il règle l'écart entre "
+                                  "température d'air et température résultante.");
+        return {};
+    }
+    if (code == CodePertes::Resultats) {
+        if (colonne == C::Aire || colonne == C::Aire + 1)
+            return QStringLiteral("Surface au sol du local (m²) ; une opération est acceptée.");
+        if (colonne == C::Hauteur)
+            return QStringLiteral("Hauteur sous plafond (m) ; au-dessus de 5 m un supplément "
+                                  "pour grande hauteur est ajouté.");
+        if (colonne == C::Pe)
+            return QStringLiteral("Pe : terme de perméabilité complémentaire du local.");
+        if (colonne == C::Qi)
+            return QStringLiteral("Qi : débit d'extraction du local (m³/h).");
+        if (colonne == C::Recuperation)
+            return QStringLiteral("Rendement de l'échangeur double flux : clic droit pour le "
+                                  "saisir.");
+    }
     return {};
 }
 

@@ -756,3 +756,26 @@ TEST_F(TableauPertesTest, DamagedTablesNeitherCrashNorLoop)
         (void)CalculTotalPertes(abime);
     }
 }
+
+TEST_F(SessionPertesTest, HelpPanelByRowAndColumn)
+{
+    preparerMaison();
+    struct Cas
+    {
+        int ligne, colonne;
+        const char *debut;
+    };
+    const Cas cas[] = {
+        {5, 3, "Code de la ligne : A1"},
+        {5, 15, "Surface (m²) d'une paroi"},
+        {9, 17, "Coefficient de réduction"},
+        {3, 4, "Nom du local"},
+        {3, 18, "Type d'émetteur"},
+        {11, 5, "Hauteur sous plafond"},
+    };
+    for (const Cas &c : cas) {
+        classeur->SurvolCellule(c.ligne, c.colonne, false);
+        EXPECT_TRUE(classeur->vue().aide.startsWith(QString::fromUtf8(c.debut)))
+            << c.ligne << "," << c.colonne << ": " << classeur->vue().aide.toStdString();
+    }
+}
