@@ -15,9 +15,10 @@ Study grandeEtude()
     pertes.resize(1500, 38);
     for (int r = 0; r < pertes.rows(); ++r) {
         const int ligne = r % 25;
-        pertes.setText(r, 0, ligne == 0 ? QStringLiteral("TableauLigne1")
-                             : ligne == 23 ? QStringLiteral("TableauLigneRésultats")
-                                           : QStringLiteral("TableauLigneCalculParoi"));
+        pertes.setText(r, 0,
+                       ligne == 0        ? QStringLiteral("TableauLigne1")
+                           : ligne == 23 ? QStringLiteral("TableauLigneRésultats")
+                                         : QStringLiteral("TableauLigneCalculParoi"));
         for (int c = 1; c < 19; ++c)
             pertes.setText(r, c, QStringLiteral("%1.25").arg(r + c));
         pertes.setOperation(r, 15, QStringLiteral("2.00*1.25-(0.88*1.08)*2"));

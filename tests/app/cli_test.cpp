@@ -55,14 +55,14 @@ TEST(Cli, EvalPrintsTheValueOrTheMessage)
 
 TEST(Cli, FormatAndUsage)
 {
-    const Sortie f = executer({QStringLiteral("format"), QStringLiteral("1234567.891"),
-                               QStringLiteral("#,##0.00")});
+    const Sortie f = executer(
+        {QStringLiteral("format"), QStringLiteral("1234567.891"), QStringLiteral("#,##0.00")});
     EXPECT_EQ(f.code, 0);
     EXPECT_EQ(f.out, QStringLiteral("1\u00A0234\u00A0567.89\n"));
 
-    for (const QStringList &args : {QStringList{}, QStringList{QStringLiteral("nope")},
-                                    QStringList{QStringLiteral("eval")},
-                                    QStringList{QStringLiteral("format"), QStringLiteral("1")}}) {
+    for (const QStringList &args : {QStringList {}, QStringList {QStringLiteral("nope")},
+                                    QStringList {QStringLiteral("eval")},
+                                    QStringList {QStringLiteral("format"), QStringLiteral("1")}}) {
         const Sortie s = executer(args);
         EXPECT_EQ(s.code, 2) << qPrintable(args.join(' '));
         EXPECT_TRUE(s.err.startsWith(QStringLiteral("Usage")));
@@ -124,8 +124,8 @@ TEST(Cli, RecalcSavesTheStudyItOpened)
     e.flexGrid[1].setText(5, 1, QStringLiteral("Mur extérieur"));
     e.flexGrid[1].setText(5, 11, QStringLiteral("0.360"));
     ecrireEtude(d.filePath("e.dep"), e);
-    const Sortie s = executer({"--dossier", d.path(), "recalc", d.filePath("e.dep"), "-o",
-                               d.filePath("sortie.dep")});
+    const Sortie s = executer(
+        {"--dossier", d.path(), "recalc", d.filePath("e.dep"), "-o", d.filePath("sortie.dep")});
     EXPECT_EQ(s.code, 0) << qPrintable(s.err);
     const Sortie relue = executer({"dump", d.filePath("sortie.dep"), "--grid", "sheet:0"});
     EXPECT_EQ(relue.code, 0);

@@ -22,9 +22,9 @@
 #include <QAction>
 #include <QApplication>
 #include <QDir>
-#include <QImage>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QImage>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMenu>
@@ -164,7 +164,9 @@ TEST(ModeleGrille, RangeesFusionneesSurTextesEgauxSeulement)
         {"deux groupes", {"A", "A", "B", "B", "B"}, true, {QRect(0, 0, 2, 1), QRect(2, 0, 3, 1)}},
         {"tous différents", {"A", "B", "C", "D", "E"}, true, {}},
         {"égaux non adjacents", {"A", "B", "A", "B", "A"}, true, {}},
-        {"blancs égaux fusionnés", {" ", " ", "", "", "X"}, true,
+        {"blancs égaux fusionnés",
+         {" ", " ", "", "", "X"},
+         true,
          {QRect(0, 0, 2, 1), QRect(2, 0, 2, 1)}},
         {"ligne sans fusion", {"A", "A", "A", "A", "A"}, false, {}},
         {"casse différente", {"Mur", "mur", "Mur", "Mur", "x"}, true, {QRect(2, 0, 2, 1)}},

@@ -7,7 +7,7 @@ int ScriptedUserInterface::message(const QString &texte, int style, const QStrin
         return reponses.dequeue();
     const int boutons = style & 7;
     return (boutons == 3 || boutons == 4) ? thermique::ReponseNon
-         : (boutons == 0)                 ? thermique::ReponseOk
+        : (boutons == 0)                  ? thermique::ReponseOk
                                           : thermique::ReponseAnnuler;
 }
 
@@ -20,8 +20,7 @@ QString ScriptedUserInterface::fichierOuvrir(const QString &titre, const QString
 }
 
 QString ScriptedUserInterface::fichierEnregistrer(const QString &titre, const QString &filtre,
-                                                  const QString &dossier,
-                                                  const QString &nomPropose)
+                                                  const QString &dossier, const QString &nomPropose)
 {
     dialogues.append(QStringLiteral("enregistrer|") + titre + QLatin1Char('|') + filtre
                      + QLatin1Char('|') + dossier + QLatin1Char('|') + nomPropose);

@@ -6,9 +6,9 @@
 #include <QQueue>
 #include <QStringList>
 
-#include <functional>
 #include <QString>
 #include <QVector>
+#include <functional>
 
 // A user played by a script: it records every message and answers questions and file
 // dialogs from queues (No and Cancel when the queue is empty).
@@ -25,8 +25,8 @@ public:
     int message(const QString &texte, int style, const QString &titre) override;
     QString fichierOuvrir(const QString &titre, const QString &filtre,
                           const QString &dossier) override;
-    QString fichierEnregistrer(const QString &titre, const QString &filtre,
-                               const QString &dossier, const QString &nomPropose) override;
+    QString fichierEnregistrer(const QString &titre, const QString &filtre, const QString &dossier,
+                               const QString &nomPropose) override;
     void messageAttente(const QString &texte) override;
     void fermerMessageAttente() override;
     void ouvrirDocument(const QString &chemin) override;
@@ -46,5 +46,8 @@ public:
     QStringList formulairesOuverts;
     bool attenteVisible = false;
 
-    QString dernierMessage() const { return messages.isEmpty() ? QString() : messages.last().texte; }
+    QString dernierMessage() const
+    {
+        return messages.isEmpty() ? QString() : messages.last().texte;
+    }
 };

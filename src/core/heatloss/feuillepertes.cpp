@@ -242,17 +242,21 @@ struct AideColonne
     const char *texte;
 };
 constexpr AideColonne aidesLigne[] = {
-    {C::Inclinaison, "Inclinaison de la paroi en degrés : 0 plancher, 90 mur vertical, 180 "
-                     "plafond. Une opération est acceptée (ex. 90-30)."},
+    {C::Inclinaison,
+     "Inclinaison de la paroi en degrés : 0 plancher, 90 mur vertical, 180 "
+     "plafond. Une opération est acceptée (ex. 90-30)."},
     {C::Azimut, "Orientation de la paroi : clic droit pour la rose des vents."},
-    {C::UJour, "Coefficient U de jour, recopié de la feuille Coef - U et corrigé selon "
-               "l'inclinaison."},
+    {C::UJour,
+     "Coefficient U de jour, recopié de la feuille Coef - U et corrigé selon "
+     "l'inclinaison."},
     {C::UNuit, "Coefficient U de nuit (volets fermés pour les menuiseries)."},
-    {C::Quantite, "Surface (m²) d'une paroi ou longueur (m) d'un pont thermique ; une opération "
-                  "est acceptée, ex. 5.20*2.50-1.20*1.35. Pour une menuiserie, clic pour ses "
-                  "données complémentaires."},
-    {C::B, "Coefficient de réduction de température b : 1.00 sur l'extérieur ; clic droit pour "
-           "le choisir selon le local non chauffé."},
+    {C::Quantite,
+     "Surface (m²) d'une paroi ou longueur (m) d'un pont thermique ; une opération "
+     "est acceptée, ex. 5.20*2.50-1.20*1.35. Pour une menuiserie, clic pour ses "
+     "données complémentaires."},
+    {C::B,
+     "Coefficient de réduction de température b : 1.00 sur l'extérieur ; clic droit pour "
+     "le choisir selon le local non chauffé."},
     {C::Pertes, "Pertes de la ligne (W) = quantité x U x ΔT x b."},
 };
 

@@ -214,7 +214,7 @@ BilanUbat FeuilleCalculUbat(Classeur &classeur)
     bilan.lignes = int(lignes.size());
 
     // 5. Conductances.
-    std::array<double, 8> parCode{};
+    std::array<double, 8> parCode {};
     for (Ligne &l : lignes) {
         const double b = nombre(l[16]);
         double jour, nuit;
@@ -284,11 +284,13 @@ BilanUbat FeuilleCalculUbat(Classeur &classeur)
     r += 1;
     if (bilan.surfaceParois > 0) {
         bilan.ubat = (bilan.sommeJour + bilan.sommeNuit) / 2 / bilan.surfaceParois;
-        g.setText(r, 5, QStringLiteral("Ubat = ((") + Format(bilan.sommeJour, formatPertes)
-                            + QStringLiteral(" + ") + Format(bilan.sommeNuit, formatPertes)
-                            + QStringLiteral(") / 2) / ") + Format(bilan.surfaceParois, formatPertes));
-        g.setText(r + 1, 5, QStringLiteral("= ") + Format(bilan.ubat, QStringLiteral("###,#0.000"))
-                                + QStringLiteral(" W/(m².K)"));
+        g.setText(r, 5,
+                  QStringLiteral("Ubat = ((") + Format(bilan.sommeJour, formatPertes)
+                      + QStringLiteral(" + ") + Format(bilan.sommeNuit, formatPertes)
+                      + QStringLiteral(") / 2) / ") + Format(bilan.surfaceParois, formatPertes));
+        g.setText(r + 1, 5,
+                  QStringLiteral("= ") + Format(bilan.ubat, QStringLiteral("###,#0.000"))
+                      + QStringLiteral(" W/(m².K)"));
     }
     r += 2;
 
@@ -336,7 +338,7 @@ BilanUbat FeuilleCalculUbat(Classeur &classeur)
         int jour, nuit;
         double debit, ventilation;
     };
-    QVector<Colonne> colonnes{{13, 15, moyens.maxi, normale}};
+    QVector<Colonne> colonnes {{13, 15, moyens.maxi, normale}};
     if (logement) {
         // Each heading covers its day and night columns.
         for (int c = 13; c <= 16; ++c)
@@ -344,7 +346,7 @@ BilanUbat FeuilleCalculUbat(Classeur &classeur)
         for (int c = 17; c <= 20; ++c)
             g.setText(r, c, QStringLiteral("Ventilation réduite"));
         g.setMergeRow(r, true);
-        colonnes << Colonne{17, 19, moyens.mini, reduite};
+        colonnes << Colonne {17, 19, moyens.mini, reduite};
     }
     ++r;
     for (const Colonne &c : colonnes) {
@@ -401,8 +403,9 @@ BilanUbat FeuilleCalculUbat(Classeur &classeur)
     const QString texte = QStringLiteral("\r\n") + resume.join(QStringLiteral("\r\n"));
     for (int c = 13; c < admin.cols(); ++c)
         admin.setText(14, c, texte);
-    g.setText(debutG - 2, 5, QStringLiteral("Part des ponts thermiques (%) : ")
-                                 + Format(partPonts, QStringLiteral("##0.00")));
+    g.setText(debutG - 2, 5,
+              QStringLiteral("Part des ponts thermiques (%) : ")
+                  + Format(partPonts, QStringLiteral("##0.00")));
     classeur.vue().grillesModifiees = true;
     return bilan;
 }

@@ -11,21 +11,21 @@ class Grid;
 // The sums that the Coef-Ubat pass gives to the rest of the workbook.
 struct BilanUbat
 {
-    double sommeJour = 0;      // Σ day conductances (W/K)
-    double sommeNuit = 0;      // Σ night conductances (W/K)
-    double surfaceParois = 0;  // Σ net surfaces (m²)
-    double longueurPonts = 0;  // Σ bridge lengths (m)
-    double sommePonts = 0;     // Σ bridge conductances (W/K)
-    double ubat = 0;           // W/(m².K); 0 when there is no surface
-    double surfaceTotale = 0;  // floor area of every room
+    double sommeJour = 0; // Σ day conductances (W/K)
+    double sommeNuit = 0; // Σ night conductances (W/K)
+    double surfaceParois = 0; // Σ net surfaces (m²)
+    double longueurPonts = 0; // Σ bridge lengths (m)
+    double sommePonts = 0; // Σ bridge conductances (W/K)
+    double ubat = 0; // W/(m².K); 0 when there is no surface
+    double surfaceTotale = 0; // floor area of every room
     double volumeTotal = 0;
     double surfaceChauffee = 0; // rooms whose air temperature is above 12 °C
     double volumeChauffe = 0;
-    double pertesTotales = 0;   // W, the rooms' results
+    double pertesTotales = 0; // W, the rooms' results
     double pertesChauffees = 0;
     double surfaceA1 = 0;
-    double g = 0;               // W/(m³.K), normal ventilation by day
-    int lignes = 0;             // distinct envelope lines
+    double g = 0; // W/(m³.K), normal ventilation by day
+    int lignes = 0; // distinct envelope lines
 };
 
 // The recovery-weighted factor of the extract flows: Σ(Qi·(100 − rec)/100) / ΣQi, 1 with no

@@ -138,7 +138,8 @@ std::function<void()> Classeur::actionMenu(const QString &nom) const
         || nom == QStringLiteral("Mnu_CouleurDéfaut") || nom == QLatin1String("Mnu_Couleurs")
         || nom == QLatin1String("Mnu_FichiersAnciens") || nom == QLatin1String("Mnu_Aide")
         || nom == QLatin1String("Mnu_kW"))
-        return [] {};
+        return [] {
+        };
     if (nom == QLatin1String("MnuOuvrir"))
         return extensions.ouvrirFichier;
     if (nom == QLatin1String("Ouvrir"))
@@ -324,10 +325,10 @@ void Classeur::lireReglages()
     // A missing or damaged file leaves the defaults: locked colour 0, no centring.
     RecordReader couleur(lireFichier(m_dossier.fichier(QStringLiteral("Couleur.txt"))));
     const double c = couleur.readNumber().value_or(0);
-    m_etat.CouleurVerrouillee = (c >= INT32_MIN && c <= 4294967295.0)
-        ? qint32(quint32(qint64(c)))
-        : 0;
-    RecordReader transfert(lireFichier(m_dossier.fichier(QStringLiteral("Fichiers Transfert.txt"))));
+    m_etat.CouleurVerrouillee
+        = (c >= INT32_MIN && c <= 4294967295.0) ? qint32(quint32(qint64(c))) : 0;
+    RecordReader transfert(
+        lireFichier(m_dossier.fichier(QStringLiteral("Fichiers Transfert.txt"))));
     m_etat.ModeTransfert = transfert.readBoolean().value_or(false);
 }
 
@@ -410,8 +411,7 @@ void Classeur::PreparationClasseur()
         const QString dossierMeteo = meteo.readString().value_or(QString()).trimmed();
         if (!dossierMeteo.isEmpty()) {
             const QDir d(m_dossier.fichier(QStringLiteral("Météo/") + dossierMeteo));
-            for (const QString &f :
-                 d.entryList({QStringLiteral("*.met")}, QDir::Files, QDir::Name))
+            for (const QString &f : d.entryList({QStringLiteral("*.met")}, QDir::Files, QDir::Name))
                 m_etat.FichiersMeteo << f.left(f.size() - 4);
         }
         m_etat.FeuilleActive = 0;
@@ -449,9 +449,9 @@ void Classeur::AjusterFenetre()
             Grid &g = m_etude.flexGrid2[i];
             if (g.cols() == 0)
                 continue;
-            const int c0 = (i == 0 && g.cols() == 24) ? 1900
+            const int c0 = (i == 0 && g.cols() == 24)    ? 1900
                 : ((i == 1 || i == 3) && g.cols() == 26) ? 3300
-                                                          : g.colWidth(0);
+                                                         : g.colWidth(0);
             g.setColWidth(0, c0);
             const int part = std::max(0, (m_largeurEcran - c0 - 380) / 25);
             for (int c = 1; c < g.cols(); ++c)
@@ -730,9 +730,10 @@ void Classeur::ConstruireListes()
             ++m_etude.compteurParois;
             parois.setText(r, 0, Format(m_etude.compteurParois, QStringLiteral("0000")));
         }
-        m_etat.ListeParois << QStringList{parois.text(r, 1), parois.text(r, 3), parois.text(r, 4),
-                                          parois.text(r, 5), parois.text(r, 11),
-                                          parois.text(r, 12), parois.text(r, 0)}
+        m_etat.ListeParois << QStringList {parois.text(r, 1),  parois.text(r, 3),
+                                           parois.text(r, 4),  parois.text(r, 5),
+                                           parois.text(r, 11), parois.text(r, 12),
+                                           parois.text(r, 0)}
                                   .join(QLatin1Char('@'));
     }
     m_etat.NombreParois = int(m_etat.ListeParois.size()) + 1;
@@ -742,8 +743,8 @@ void Classeur::ConstruireListes()
     for (int r = 3; r < ponts.rows(); ++r) {
         if (ponts.text(r, 1).trimmed().isEmpty())
             continue;
-        m_etat.ListePonts << QStringList{ponts.text(r, 1), ponts.text(r, 3), ponts.text(r, 13),
-                                         ponts.text(r, 0)}
+        m_etat.ListePonts << QStringList {ponts.text(r, 1), ponts.text(r, 3), ponts.text(r, 13),
+                                          ponts.text(r, 0)}
                                  .join(QLatin1Char('@'));
     }
     m_etat.NombrePonts = int(m_etat.ListePonts.size()) + 1;
@@ -905,7 +906,8 @@ bool Classeur::Fermeture()
     if (m_vue.saisie.visible)
         ValiderSaisie();
     if (m_etat.EtudeModifiee && !m_etat.ModeTransfert
-        && m_ui.question(QStringLiteral("Enregistrement du fichier ?"), QStringLiteral("Thermique."))
+        && m_ui.question(QStringLiteral("Enregistrement du fichier ?"),
+                         QStringLiteral("Thermique."))
         && extensions.enregistrerSous)
         extensions.enregistrerSous();
     ecrireReglages();

@@ -169,11 +169,11 @@ void Classeur::SupprimerLigne()
         if (!numero.isEmpty())
             for (int r = 0; r < pertes.rows(); ++r)
                 if (pertes.text(r, 20).trimmed() == numero) {
-                    m_ui.message(QStringLiteral(
-                                     "Il n'est pas possible d'effacer une paroi dans cette "
-                                     "feuille lorsqu'elle est également présente dans la feuille "
-                                     "de calcul des pertes de chaleur."),
-                                 MessageExclamation, QStringLiteral("Thermique."));
+                    m_ui.message(
+                        QStringLiteral("Il n'est pas possible d'effacer une paroi dans cette "
+                                       "feuille lorsqu'elle est également présente dans la feuille "
+                                       "de calcul des pertes de chaleur."),
+                        MessageExclamation, QStringLiteral("Thermique."));
                     return;
                 }
         if (!ligneVide(g, ligne)

@@ -26,8 +26,9 @@ QString caracteresAutorises(const QString &code, int colonne)
     const QString operation = chiffres + QStringLiteral("*+-./");
     if (code == QLatin1String("TableauLigne1")) {
         if (colonne >= 2 && colonne <= 6)
-            return chiffres + QStringLiteral(" .)(-àèéçù°abcdefghijklmnopqrstuvwxyz"
-                                             "ABCDEFGHIJKLMNOPQRSTUVWXYZ");
+            return chiffres
+                + QStringLiteral(" .)(-àèéçù°abcdefghijklmnopqrstuvwxyz"
+                                 "ABCDEFGHIJKLMNOPQRSTUVWXYZ");
         if (colonne == 9)
             return chiffres + QLatin1Char('.');
         return {};
@@ -65,16 +66,22 @@ QChar caractereDeTouche(int code)
     if (code >= 96 && code <= 105)
         return QChar('0' + code - 96);
     switch (code) {
-    case 106: return QLatin1Char('*');
+    case 106:
+        return QLatin1Char('*');
     case 107:
-    case 187: return QLatin1Char('+');
+    case 187:
+        return QLatin1Char('+');
     case 109:
-    case 189: return QLatin1Char('-');
+    case 189:
+        return QLatin1Char('-');
     case 110:
-    case 190: return QLatin1Char('.');
+    case 190:
+        return QLatin1Char('.');
     case 111:
-    case 191: return QLatin1Char('/');
-    default: return {};
+    case 191:
+        return QLatin1Char('/');
+    default:
+        return {};
     }
 }
 
@@ -314,16 +321,17 @@ void Classeur::SurvolCellule(int ligne, int colonne, bool majuscule, int yTwips)
     m_vue.image = feuille(m_etat.FeuilleActive).image(*this, ligne, colonne);
     const QString texte = feuille(m_etat.FeuilleActive).aide(*this, ligne, colonne);
     if (m_etat.FeuilleActive == 1 && !texte.isEmpty()) {
-        m_vue.aide = texte
+        m_vue.aide
+            = texte
             + QStringLiteral(
-                "\r\nDans cette feuille, maintien du clic gauche dans une cellule quelconque et :"
-                "\r\n     F2 au clavier pour insérer une ligne ;"
-                "\r\n     F3 au clavier pour supprimer une ligne ;"
-                "\r\n     F4 au clavier pour changer la couleur de fond d'une ligne ;"
-                "\r\n     F5 au clavier pour changer la couleur de fond de la cellule "
-                "correspondante ;"
-                "\r\n     F6 au clavier pour changer les caractères correspondants "
-                "(Normaux/Gras).");
+                  "\r\nDans cette feuille, maintien du clic gauche dans une cellule quelconque et :"
+                  "\r\n     F2 au clavier pour insérer une ligne ;"
+                  "\r\n     F3 au clavier pour supprimer une ligne ;"
+                  "\r\n     F4 au clavier pour changer la couleur de fond d'une ligne ;"
+                  "\r\n     F5 au clavier pour changer la couleur de fond de la cellule "
+                  "correspondante ;"
+                  "\r\n     F6 au clavier pour changer les caractères correspondants "
+                  "(Normaux/Gras).");
     } else if (!texte.isEmpty()) {
         m_vue.aide = texte;
     }
@@ -756,8 +764,9 @@ void Classeur::effacerSelection()
         if (!g.contient(g.row, g.col) || g.estVerrouillee(g.row, g.col, verrou))
             return;
         ouvrirSaisie(g.row, g.col, 0);
-        m_vue.saisie.texte = g.row == 4 ? (g.col > 12 ? QStringLiteral("   ") : QStringLiteral("  "))
-                                        : QStringLiteral(" ");
+        m_vue.saisie.texte = g.row == 4
+            ? (g.col > 12 ? QStringLiteral("   ") : QStringLiteral("  "))
+            : QStringLiteral(" ");
         ValiderSaisie();
         return;
     }

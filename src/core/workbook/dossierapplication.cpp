@@ -6,8 +6,7 @@ namespace thermique {
 
 DossierApplication::DossierApplication(QString chemin)
     : m_chemin(QDir::cleanPath(std::move(chemin)))
-{
-}
+{ }
 
 DossierApplication DossierApplication::resoudre(QStringList &arguments,
                                                 const QString &dossierExecutable)

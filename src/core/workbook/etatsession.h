@@ -77,10 +77,9 @@ struct EtatSession
 
     // Drop-down lists open over a kind of cell, so that a second click closes them.
     std::array<QString, 12> ListesOuvertes = {
-        QStringLiteral("Non"), QStringLiteral("Non"), QStringLiteral("Non"),
-        QStringLiteral("Non"), QStringLiteral("Non"), QStringLiteral("Non"),
-        QStringLiteral("Non"), QStringLiteral("Non"), QStringLiteral("Non"),
-        QStringLiteral("Non"), QStringLiteral("Non"), QStringLiteral("Non"),
+        QStringLiteral("Non"), QStringLiteral("Non"), QStringLiteral("Non"), QStringLiteral("Non"),
+        QStringLiteral("Non"), QStringLiteral("Non"), QStringLiteral("Non"), QStringLiteral("Non"),
+        QStringLiteral("Non"), QStringLiteral("Non"), QStringLiteral("Non"), QStringLiteral("Non"),
     };
 
     // Set elsewhere in the workbook (0 or -1); the town choice only tests it.

@@ -14,33 +14,33 @@ public:
     virtual ~Feuille() = default;
 
     // Builds the sheet in its grid for an empty study.
-    virtual void construire(Classeur &) {}
+    virtual void construire(Classeur &) { }
     // Calculation run when the user enters the sheet by its tab.
-    virtual void entrer(Classeur &) {}
+    virtual void entrer(Classeur &) { }
     // Recalculation after a committed cell; the cell text is already written.
-    virtual void apresValidation(Classeur &, int /*ligne*/, int /*colonne*/) {}
+    virtual void apresValidation(Classeur &, int /*ligne*/, int /*colonne*/) { }
     // Left click on an input cell: a sheet may open a list there. True when it did.
     virtual bool clic(Classeur &, int /*ligne*/, int /*colonne*/) { return false; }
     // Right button on a cell: opens a list or a tool. Returns true when something opened.
     virtual bool clicDroit(Classeur &, int /*ligne*/, int /*colonne*/) { return false; }
     // A choice in the list opened by clicDroit.
-    virtual void choixListe(Classeur &, int /*liste*/, int /*index*/) {}
+    virtual void choixListe(Classeur &, int /*liste*/, int /*index*/) { }
     // Help text for the pointed cell; empty keeps the present text.
     virtual QString aide(const Classeur &, int /*ligne*/, int /*colonne*/) const { return {}; }
     // The picture shown beside the pointed row (path), or nothing.
     virtual QString image(const Classeur &, int /*ligne*/, int /*colonne*/) const { return {}; }
     // Recalculation of the results rows (heat-loss sheet).
-    virtual void recalculerResultats(Classeur &) {}
+    virtual void recalculerResultats(Classeur &) { }
     // Reapplies the look of the rows from their codes (before a save, after a load).
-    virtual void miseEnForme(Classeur &) {}
+    virtual void miseEnForme(Classeur &) { }
     // Recalculation of the whole sheet after a line command.
-    virtual void recalculerFeuille(Classeur &) {}
+    virtual void recalculerFeuille(Classeur &) { }
     // Fills a row that a line command just inserted (a wall or bridge line).
-    virtual void remplirLigneInseree(Classeur &, int /*ligne*/) {}
+    virtual void remplirLigneInseree(Classeur &, int /*ligne*/) { }
     // Recalculation of one row after a line command or a propagation.
-    virtual void recalculerLigne(Classeur &, int /*ligne*/) {}
+    virtual void recalculerLigne(Classeur &, int /*ligne*/) { }
     // A new room table at the given row (heat-loss sheet).
-    virtual void nouveauTableau(Classeur &, int /*ligne*/) {}
+    virtual void nouveauTableau(Classeur &, int /*ligne*/) { }
 };
 
 } // namespace thermique

@@ -1,7 +1,7 @@
 #include "feuilles.h"
 
-#include "classeur.h"
 #include "administratif/feuilleadministrative.h"
+#include "classeur.h"
 #include "envelope/bridges/feuillepontsthermiques.h"
 #include "envelope/coefu/feuillecoefu.h"
 #include "envelope/windows/calculfenetre.h"

@@ -317,7 +317,11 @@ void ecrireBlocAncien(RecordWriter &w, const Grid &g, const GeometrieFenetre &fe
     for (int r = 0; r < g.rows(); ++r)
         w.integerRecord(g.rowHeight(r));
     w.integerRecord(g.modeAffichage);
-    w.single(fenetre.top).single(fenetre.left).single(fenetre.height).single(fenetre.width).endRecord();
+    w.single(fenetre.top)
+        .single(fenetre.left)
+        .single(fenetre.height)
+        .single(fenetre.width)
+        .endRecord();
     w.integer(g.col).integer(g.row).endRecord();
     for (int r = 0; r < g.rows(); ++r)
         for (int c = 0; c < g.cols(); ++c)

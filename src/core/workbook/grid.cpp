@@ -5,7 +5,7 @@
 namespace thermique {
 
 namespace {
-const Cell celluleVide{};
+const Cell celluleVide {};
 } // namespace
 
 Grid::Grid(int rows, int cols)
@@ -173,7 +173,7 @@ void Grid::insertRows(int at, int count)
     if (count <= 0 || at < 0 || at > m_rows)
         return;
     const qsizetype pos = qsizetype(at) * m_cols;
-    m_cells.insert(pos, qsizetype(count) * m_cols, Cell{});
+    m_cells.insert(pos, qsizetype(count) * m_cols, Cell {});
     m_rowHeights.insert(at, count, HauteurLigneDefaut);
     m_mergeRows.insert(at, count, false);
     m_rows += count;

@@ -76,8 +76,8 @@ bool EcrireFichiers(Classeur &c, const QString &chemin)
     QSaveFile compagnon(cheminCompagnon(chemin));
     const bool ok = dep.open(QIODevice::WriteOnly) && compagnon.open(QIODevice::WriteOnly)
         && dep.write(fichiers.dep) == fichiers.dep.size()
-        && compagnon.write(fichiers.compagnon) == fichiers.compagnon.size()
-        && compagnon.commit() && dep.commit();
+        && compagnon.write(fichiers.compagnon) == fichiers.compagnon.size() && compagnon.commit()
+        && dep.commit();
     if (!ok) {
         c.ui().message(QStringLiteral("Une erreur s'est produite lors de l'enregistrement."),
                        MessageExclamationAnnulerReessayerContinuer, QStringLiteral("Erreur."));
@@ -266,13 +266,27 @@ void SupprimerRecuperation(const DossierApplication &dossier, const QStringList 
 void InstallerFichierProjet(Classeur &c)
 {
     Classeur::Extensions &x = c.extensions;
-    x.enregistrer = [&c] { Enregistrer(c); };
-    x.enregistrerSous = [&c] { EnregistrerSous(c); };
-    x.ouvrirFichier = [&c] { OuvrirFichier(c); };
-    x.ouvrirAncienFichier = [&c] { OuvrirAncienFichier(c); };
-    x.ouvrirFichierChemin = [&c](const QString &chemin) { OuvrirFichierChemin(c, chemin); };
-    x.sauvegardeInter = [&c](int feuille) { SauvegardeInter(c, feuille); };
-    x.recuperation = [&c] { c.ui().ouvrirFormulaire(QStringLiteral("Frm_Récupération")); };
+    x.enregistrer = [&c] {
+        Enregistrer(c);
+    };
+    x.enregistrerSous = [&c] {
+        EnregistrerSous(c);
+    };
+    x.ouvrirFichier = [&c] {
+        OuvrirFichier(c);
+    };
+    x.ouvrirAncienFichier = [&c] {
+        OuvrirAncienFichier(c);
+    };
+    x.ouvrirFichierChemin = [&c](const QString &chemin) {
+        OuvrirFichierChemin(c, chemin);
+    };
+    x.sauvegardeInter = [&c](int feuille) {
+        SauvegardeInter(c, feuille);
+    };
+    x.recuperation = [&c] {
+        c.ui().ouvrirFormulaire(QStringLiteral("Frm_Récupération"));
+    };
     c.activerMenu(QStringLiteral("MnuOuvrir"), true);
 }
 

@@ -31,7 +31,8 @@ bool EcrireFichiers(Classeur &classeur, const QString &chemin);
 // " - Non enregistré" for a study never saved.
 QString NomSauvegarde(const EtatSession &etat, const QDate &aujourdhui);
 // Writes the snapshot of sheet 0 to 4 (nothing for the others); never reports anything.
-void SauvegardeInter(Classeur &classeur, int feuille, const QDate &aujourdhui = QDate::currentDate());
+void SauvegardeInter(Classeur &classeur, int feuille,
+                     const QDate &aujourdhui = QDate::currentDate());
 
 // Recovery points: the sheet-0 file name of each set in "SauvegardeInter".
 QStringList ListeRecuperation(const DossierApplication &dossier);

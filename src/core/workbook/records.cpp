@@ -110,13 +110,11 @@ RecordWriter &RecordWriter::endRecord()
 
 RecordReader::RecordReader(const QByteArray &octetsWindows1252)
     : m_texte(DecoderWindows1252(octetsWindows1252))
-{
-}
+{ }
 
 RecordReader::RecordReader(QString texte)
     : m_texte(std::move(texte))
-{
-}
+{ }
 
 bool RecordReader::atEnd() const
 {

@@ -78,7 +78,7 @@ public:
     }
 
     // Lets the screen breathe during long work; nothing by default.
-    virtual void traiterEvenements() {}
+    virtual void traiterEvenements() { }
 };
 
 // The batch boundary of the command-line tool: messages go to stderr as
@@ -89,21 +89,17 @@ public:
     // Messages go to `sortie`, or to stderr when none is given.
     explicit BatchUserInterface(QTextStream *sortie = nullptr)
         : m_sortie(sortie)
-    {
-    }
+    { }
     int message(const QString &texte, int style, const QString &titre) override;
-    QString fichierOuvrir(const QString &, const QString &, const QString &) override
-    {
-        return {};
-    }
+    QString fichierOuvrir(const QString &, const QString &, const QString &) override { return {}; }
     QString fichierEnregistrer(const QString &, const QString &, const QString &,
                                const QString &) override
     {
         return {};
     }
-    void messageAttente(const QString &) override {}
-    void fermerMessageAttente() override {}
-    void ouvrirDocument(const QString &) override {}
+    void messageAttente(const QString &) override { }
+    void fermerMessageAttente() override { }
+    void ouvrirDocument(const QString &) override { }
 
     int messagesAffiches() const { return m_messages; }
 

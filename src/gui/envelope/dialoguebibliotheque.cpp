@@ -40,8 +40,8 @@ bool OuvrirBibliotheque(Classeur &classeur, QWidget *parent)
     auto *transferer = new QPushButton(QStringLiteral("Valider les sélections"), &d);
     auto *enregistrer = new QPushButton(QStringLiteral("Enregistrer"), &d);
     auto *effacer = new QPushButton(QStringLiteral("Effacer la bibliothèque"), &d);
-    for (QWidget *w : std::initializer_list<QWidget *>{inserer, supprimer, rechercher, transferer,
-                                                       enregistrer, effacer})
+    for (QWidget *w : std::initializer_list<QWidget *> {inserer, supprimer, rechercher, transferer,
+                                                        enregistrer, effacer})
         outils->addWidget(w);
     disposition->addLayout(outils);
     auto *vue = new VueGrille(&d);
@@ -90,9 +90,10 @@ bool OuvrirBibliotheque(Classeur &classeur, QWidget *parent)
     });
     QObject::connect(vue, &VueGrille::doubleCliqueCellule, &d, [&](int l, int c) {
         const Grid &g = b.grille();
-        ouvrirSaisie(l, c, c >= ColonneParoi::Epaisseur && !g.operation(l, c).trimmed().isEmpty()
-                               ? g.operation(l, c)
-                               : g.text(l, c));
+        ouvrirSaisie(l, c,
+                     c >= ColonneParoi::Epaisseur && !g.operation(l, c).trimmed().isEmpty()
+                         ? g.operation(l, c)
+                         : g.text(l, c));
     });
     QObject::connect(vue, &VueGrille::toucheCaractere, &d, [&](int code) {
         if (code >= 32)
@@ -146,7 +147,8 @@ bool OuvrirBibliotheque(Classeur &classeur, QWidget *parent)
             return;
         for (int i = 1; i <= g.rows(); ++i) {
             const int r = (g.row + i) % g.rows();
-            if (r >= g.fixedRows && g.text(r, ColonneParoi::Nom).contains(texte, Qt::CaseInsensitive)) {
+            if (r >= g.fixedRows
+                && g.text(r, ColonneParoi::Nom).contains(texte, Qt::CaseInsensitive)) {
                 b.grille().row = r;
                 b.grille().col = ColonneParoi::Nom;
                 rafraichir();

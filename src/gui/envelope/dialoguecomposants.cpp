@@ -87,7 +87,9 @@ bool OuvrirComposants(ContexteParois &ctx, int ligne, const QString &dossier, QW
         if (!item)
             return;
         const int n = niveau(item);
-        const QTreeWidgetItem *v = n == NiveauComposant ? item->parent() : n == NiveauVariete ? item : nullptr;
+        const QTreeWidgetItem *v = n == NiveauComposant ? item->parent()
+            : n == NiveauVariete                        ? item
+                                                        : nullptr;
         const QTreeWidgetItem *c = v ? v->parent() : item;
         categorie->setText(c->text(0));
         variete->setText(v ? v->text(0) : QString());
@@ -95,19 +97,19 @@ bool OuvrirComposants(ContexteParois &ctx, int ligne, const QString &dossier, QW
         if (n != NiveauComposant)
             return;
         // A file that cannot be read leaves the fields as they were.
-        const auto lu = LireComposant(
-            CheminComposant(dossier, c->text(0), v->text(0), item->text(0)));
+        const auto lu
+            = LireComposant(CheminComposant(dossier, c->text(0), v->text(0), item->text(0)));
         if (!lu)
             return;
-        const QString textes[] = {lu->references, lu->masseVolumique, lu->conductivite,
-                                  lu->capacite,   lu->muSec,          lu->muHumide,
-                                  lu->commentaire};
+        const QString textes[]
+            = {lu->references, lu->masseVolumique, lu->conductivite, lu->capacite,
+               lu->muSec,      lu->muHumide,       lu->commentaire};
         for (int i = 0; i < 7; ++i)
             valeurs[i]->setText(textes[i]);
     });
     QObject::connect(enregistrer, &QPushButton::clicked, &d, [&] {
-        const QString noms[] = {categorie->text().trimmed(), variete->text().trimmed(),
-                                nom->text().trimmed()};
+        const QString noms[]
+            = {categorie->text().trimmed(), variete->text().trimmed(), nom->text().trimmed()};
         for (const QString &n : noms)
             if (n.isEmpty() || n.startsWith(QLatin1Char('.')) || n.contains(QLatin1Char('/'))
                 || n.contains(QLatin1Char('\\'))) {

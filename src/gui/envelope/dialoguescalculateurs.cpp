@@ -150,12 +150,18 @@ protected:
             double e;
         };
         static constexpr Surface surfaces[] = {
-            {"Aluminium poli", 0.05},       {"Aluminium oxydé", 0.30},
-            {"Acier galvanisé neuf", 0.25}, {"Cuivre oxydé", 0.65},
-            {"Verre", 0.84},                {"Peintures, toutes teintes", 0.90},
-            {"Plâtre, enduits", 0.91},      {"Bois", 0.90},
-            {"Brique, béton", 0.93},        {"Tuile terre cuite", 0.93},
-            {"Eau, glace", 0.96},           {"Corps noir", 1.00},
+            {"Aluminium poli", 0.05},
+            {"Aluminium oxydé", 0.30},
+            {"Acier galvanisé neuf", 0.25},
+            {"Cuivre oxydé", 0.65},
+            {"Verre", 0.84},
+            {"Peintures, toutes teintes", 0.90},
+            {"Plâtre, enduits", 0.91},
+            {"Bois", 0.90},
+            {"Brique, béton", 0.93},
+            {"Tuile terre cuite", 0.93},
+            {"Eau, glace", 0.96},
+            {"Corps noir", 1.00},
         };
         QPainter p(this);
         p.fillRect(rect(), Qt::white);

@@ -11,8 +11,7 @@ bool OuvrirBibliotheque(Classeur &classeur, QWidget *parent);
 namespace {
 
 // The sheet's block editor; a workbook without the Coef-U rules gets a plain context.
-template<typename F>
-bool surFeuille(Classeur &classeur, F &&action)
+template<typename F> bool surFeuille(Classeur &classeur, F &&action)
 {
     auto *coefU = dynamic_cast<FeuilleCoefU *>(&classeur.feuille(1));
     if (!coefU)
@@ -51,10 +50,10 @@ void InstallerFormulairesEnveloppe(Formulaires &formulaires)
         OuvrirEmissivite(parent);
         return true;
     };
-    formulaires[QStringLiteral("Frm_Coefficient_U_Calcul")] = [](Classeur &classeur,
-                                                                 QWidget *parent) {
-        return OuvrirBibliotheque(classeur, parent);
-    };
+    formulaires[QStringLiteral("Frm_Coefficient_U_Calcul")]
+        = [](Classeur &classeur, QWidget *parent) {
+              return OuvrirBibliotheque(classeur, parent);
+          };
     InstallerFormulairesPontsFenetres(formulaires);
 }
 

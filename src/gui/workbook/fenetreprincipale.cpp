@@ -11,9 +11,9 @@
 #include "workbook/classeur.h"
 
 #include <QCloseEvent>
-#include <QHBoxLayout>
 #include <QDateTime>
 #include <QFileInfo>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QPixmap>
 #include <QPlainTextEdit>
@@ -306,10 +306,10 @@ void FenetrePrincipale::rafraichirLogo()
     if (cle == m_cleLogo)
         return;
     m_cleLogo = cle;
-    m_vues[0]->definirImage(2, 3,
-                            cle.isEmpty()
-                                ? QPixmap()
-                                : QPixmap(m_classeur.dossier().fichier(QStringLiteral("Logo/Logo.jpg"))));
+    m_vues[0]->definirImage(
+        2, 3,
+        cle.isEmpty() ? QPixmap()
+                      : QPixmap(m_classeur.dossier().fichier(QStringLiteral("Logo/Logo.jpg"))));
 }
 
 void FenetrePrincipale::rafraichirImage(const QString &chemin)

@@ -221,7 +221,8 @@ void VueGrille::mouseMoveEvent(QMouseEvent *evenement)
     // The height of the pointer in the sheet, in twips, scrolled-out rows included: some
     // help texts change within one tall row.
     int y = 0;
-    if (const auto *modele = qobject_cast<const ModeleGrille *>(model()); modele && modele->grille())
+    if (const auto *modele = qobject_cast<const ModeleGrille *>(model());
+        modele && modele->grille())
         for (int ligne = 0; ligne < r; ++ligne)
             y += modele->grille()->rowHeight(ligne);
     y += (int(evenement->position().y()) - rowViewportPosition(r)) * TwipsParPixel;
@@ -248,11 +249,12 @@ void VueGrille::paintEvent(QPaintEvent *evenement)
     if (m_image.isNull() || !model())
         return;
     // Drawn inside the cell's range, keeping its proportions.
-    const QRect zone = visualRect(model()->index(m_celluleImage.y(), m_celluleImage.x()))
-                           .adjusted(2, 2, -2, -2);
+    const QRect zone
+        = visualRect(model()->index(m_celluleImage.y(), m_celluleImage.x())).adjusted(2, 2, -2, -2);
     if (zone.isEmpty())
         return;
-    const QPixmap image = m_image.scaled(zone.size(), Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    const QPixmap image
+        = m_image.scaled(zone.size(), Qt::KeepAspectRatio, Qt::SmoothTransformation);
     QPainter peintre(viewport());
     peintre.drawPixmap(zone.topLeft(), image);
 }

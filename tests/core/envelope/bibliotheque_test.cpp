@@ -35,7 +35,7 @@ struct Editeur
     ScriptedUserInterface ui;
     Grid grille;
     int compteur = 0;
-    ContexteParois ctx{grille, ui, compteur, gris, CouleurSystemeFenetre, {}, nullptr};
+    ContexteParois ctx {grille, ui, compteur, gris, CouleurSystemeFenetre, {}, nullptr};
     Editeur() { ConstruireGrilleParois(grille); }
 };
 
@@ -46,15 +46,18 @@ TEST(Composants, FileRoundTripAndDamagedFiles)
     QTemporaryDir d;
     const QString chemin = CheminComposant(d.path(), QStringLiteral("Isolants"),
                                            QStringLiteral("Laines"), QStringLiteral("Laine 035"));
-    const Composant c{QStringLiteral("NF EN 13162"), QStringLiteral("12 à 20"),
-                      QStringLiteral("0.035"), QStringLiteral("1030"), QStringLiteral("1"),
-                      QStringLiteral("1"), QStringLiteral("Rouleau \"nu\"")};
+    const Composant c {
+        QStringLiteral("NF EN 13162"),   QStringLiteral("12 à 20"), QStringLiteral("0.035"),
+        QStringLiteral("1030"),          QStringLiteral("1"),       QStringLiteral("1"),
+        QStringLiteral("Rouleau \"nu\"")};
     ASSERT_TRUE(EcrireComposant(chemin, c)); // the folders are made
     QFile f(chemin);
     ASSERT_TRUE(f.open(QIODevice::ReadOnly));
     const QByteArray octets = f.readAll();
-    EXPECT_TRUE(octets.startsWith("\"R\xE9" "f\xE9rences : NF EN 13162\"\r\n"));
-    EXPECT_TRUE(octets.contains("\"Masse volumique s\xE8" "che (kg/m\xB3) : 12 \xE0 20\"\r\n"));
+    EXPECT_TRUE(octets.startsWith("\"R\xE9"
+                                  "f\xE9rences : NF EN 13162\"\r\n"));
+    EXPECT_TRUE(octets.contains("\"Masse volumique s\xE8"
+                                "che (kg/m\xB3) : 12 \xE0 20\"\r\n"));
     Composant relu = c;
     relu.commentaire = QStringLiteral("Rouleau 'nu'");
     EXPECT_EQ(LireComposant(chemin), relu);
@@ -85,9 +88,9 @@ TEST(Composants, TreeScanSkipsHiddenNamesAndOtherFiles)
         composants[categorie.nom + QLatin1Char('/') + categorie.varietes[0].nom]
             = categorie.varietes[0].composants;
     }
-    EXPECT_EQ(composants.value(QStringLiteral("Béton/Armé")), QStringList{QStringLiteral("B1")});
+    EXPECT_EQ(composants.value(QStringLiteral("Béton/Armé")), QStringList {QStringLiteral("B1")});
     EXPECT_EQ(composants.value(QStringLiteral("Bois/Massif")),
-              QStringList{QStringLiteral("Chêne")});
+              QStringList {QStringLiteral("Chêne")});
     EXPECT_TRUE(ScannerComposants(d.filePath("absent")).isEmpty());
 }
 
@@ -100,8 +103,8 @@ TEST(Composants, DeliveredLibraryHoldsEnoughReadableMaterials)
     for (const auto &categorie : ScannerComposants(dossier))
         for (const auto &variete : categorie.varietes)
             for (const QString &nom : variete.composants) {
-                const auto c = LireComposant(
-                    CheminComposant(dossier, categorie.nom, variete.nom, nom));
+                const auto c
+                    = LireComposant(CheminComposant(dossier, categorie.nom, variete.nom, nom));
                 ASSERT_TRUE(c) << nom.toStdString();
                 if (EstLameAir(nom))
                     continue;
@@ -183,10 +186,10 @@ TEST(Calculateurs, AirLayerFieldsAndRows)
     }
     f.epaisseur = QStringLiteral("0.02");
     CalculerLameAir(f);
-    EXPECT_EQ(f.resistances, (std::array<QString, 3>{"0.16", "0.18", "0.18"}));
+    EXPECT_EQ(f.resistances, (std::array<QString, 3> {"0.16", "0.18", "0.18"}));
     f.option = 1;
     CalculerLameAir(f);
-    EXPECT_EQ(f.resistances, (std::array<QString, 3>{"0.08", "0.09", "0.09"}));
+    EXPECT_EQ(f.resistances, (std::array<QString, 3> {"0.08", "0.09", "0.09"}));
 
     struct Cas
     {
@@ -198,10 +201,10 @@ TEST(Calculateurs, AirLayerFieldsAndRows)
         {"Mur Ext.", 0, "Lame d'air verticale non ventilée, flux horizontal", "0.111", "0.180"},
         {"Plan. sur VS.", 1, "Lame d'air horizontale faiblement ventilée, flux vers le bas",
          "0.222", "0.090"},
-        {"Plaf. sous Comble.", 0, "Lame d'air horizontale non ventilée, flux vers le haut",
-         "0.125", "0.160"},
-        {"Plaf. sous  Terr.", 2, "Lame d'air horizontale fortement ventilée, flux vers le haut",
-         "", ""},
+        {"Plaf. sous Comble.", 0, "Lame d'air horizontale non ventilée, flux vers le haut", "0.125",
+         "0.160"},
+        {"Plaf. sous  Terr.", 2, "Lame d'air horizontale fortement ventilée, flux vers le haut", "",
+         ""},
     };
     for (const Cas &c : cas) {
         Editeur e;
@@ -265,7 +268,7 @@ TEST(Bibliotheque, SelectionAndTransferToTheStudy)
     classeur.ChargementInitial();
 
     BibliothequeParois b(ui, gris, CouleurSystemeFenetre);
-    for (auto [ligne, type] : {std::pair{3, 0}, {10, 1}, {17, 11}}) {
+    for (auto [ligne, type] : {std::pair {3, 0}, {10, 1}, {17, 11}}) {
         b.clic(ligne, C::Nom);
         b.choixListe(type);
     }

@@ -14,7 +14,7 @@ TEST(CalculsParois, TintFactorsAndSolarFactor)
         std::optional<double> k;
     };
     const Cas cas[] = {
-        {"Clair", 0.1}, {"Moyen", 0.5}, {"Sombre", 0.7}, {"Noir", 0.9},
+        {"Clair", 0.1}, {"Moyen", 0.5},  {"Sombre", 0.7},    {"Noir", 0.9},
         {"0.80", 0.8},  {" 1.00 ", 1.0}, {"", std::nullopt}, {"Vert", std::nullopt},
     };
     for (const Cas &c : cas)
@@ -35,12 +35,12 @@ TEST(CalculsParois, DensityRangeCountsAsItsMean)
 TEST(CalculsParois, PhaseShiftOfKnownLayers)
 {
     // 20 cm of concrete: 1.38·0.2·√(2300·(1000/3600)/2)·60 = 295.98 minutes.
-    const CoucheDephasage beton{QStringLiteral("2300£1000£130£"), 0.20, 2.0};
+    const CoucheDephasage beton {QStringLiteral("2300£1000£130£"), 0.20, 2.0};
     EXPECT_NEAR(*DephasageMinutes({beton}), 295.977026, 1e-5);
     EXPECT_EQ(TexteDephasage(DephasageMinutes({beton})),
               QStringLiteral("Déphasage thermique de la paroi : 4 h 55 mn"));
     // A range counts as its mean: 1300 kg/m³.
-    const CoucheDephasage brique{QStringLiteral("1200 à 1400£1000£10£"), 0.20, 0.5};
+    const CoucheDephasage brique {QStringLiteral("1200 à 1400£1000£10£"), 0.20, 0.5};
     EXPECT_NEAR(*DephasageMinutes({brique}), 1.38 * 0.2 * std::sqrt(1300.0 / 3.6 / 0.5) * 60, 1e-9);
     // A layer with no density or an empty text makes the whole result unknown.
     EXPECT_FALSE(DephasageMinutes({beton, {QStringLiteral(""), 0.1, 0.04}}));
@@ -60,13 +60,9 @@ TEST(CalculsParois, PhaseShiftRendering)
         const char *suite;
     };
     const Cas cas[] = {
-        {1440, "24 h "},          // only what is above a day makes days
-        {1440.5, "1 j "},
-        {1500, "1 j 60 mn"},      // 60 left is not above 60: minutes
-        {1501, "1 j 1 h 1 mn"},
-        {60, "60 mn"},
-        {61.9, "1 h 1 mn"},
-        {0, ""},
+        {1440, "24 h "}, // only what is above a day makes days
+        {1440.5, "1 j "},       {1500, "1 j 60 mn"}, // 60 left is not above 60: minutes
+        {1501, "1 j 1 h 1 mn"}, {60, "60 mn"},       {61.9, "1 h 1 mn"}, {0, ""},
         {3000, "2 j 2 h "},
     };
     for (const Cas &c : cas)
@@ -96,10 +92,10 @@ TEST(CalculsParois, GroundFloorBothBranches)
         double bPrime, dt, lambda, u;
     };
     const Cas cas[] = {
-        {5, 0.84, 2, 0.7204783},  // dt below B': (2λ/(πB' + dt))·ln(πB'/dt + 1)
+        {5, 0.84, 2, 0.7204783}, // dt below B': (2λ/(πB' + dt))·ln(πB'/dt + 1)
         {5, 5.412, 2, 0.2598415}, // dt above B': λ/(0.457B' + dt)
-        {5, 5, 2, 0.2745367},     // dt equal to B' takes the second formula (0.2744992 else)
-        {5, 1.34, 2, 0.5967535},  // heated basement: dt + z/2 with z = 1
+        {5, 5, 2, 0.2745367}, // dt equal to B' takes the second formula (0.2744992 else)
+        {5, 1.34, 2, 0.5967535}, // heated basement: dt + z/2 with z = 1
     };
     for (const Cas &c : cas)
         EXPECT_NEAR(*UPlancherBase(c.bPrime, c.dt, c.lambda), c.u, 1e-7) << c.dt;

@@ -16,10 +16,10 @@ namespace C = ColonneParoi;
 namespace {
 
 constexpr qint32 gris = 12632256;
-const QString messageInvalide = QStringLiteral(
-    "La sélection dans la colonne 1 de la ligne en cours est incorrecte !\r\n"
-    "Le calcul ne peut pas être poursuivi.\r\n"
-    "Voir l'aide en bas de page concernant la colonne 1.");
+const QString messageInvalide
+    = QStringLiteral("La sélection dans la colonne 1 de la ligne en cours est incorrecte !\r\n"
+                     "Le calcul ne peut pas être poursuivi.\r\n"
+                     "Voir l'aide en bas de page concernant la colonne 1.");
 
 class FeuilleCoefUTest : public ::testing::Test
 {
@@ -88,10 +88,11 @@ TEST_F(FeuilleCoefUTest, HeadingsWidthsAndTypeList)
     EXPECT_EQ(g().rows(), 40);
     EXPECT_EQ(g().cols(), 14);
     EXPECT_EQ(g().fixedRows, 3);
-    const char *ligne1[] = {"", "Paroi", "Teint", "Code", "m", "S", "Composant", "d", "λ",
-                            "Rsi et Rse", "R", "U jour", "U nuit", ""};
-    const char *ligne2[] = {"", "Paroi", "Teint", "Code", "m", "S", "Composant", "(m)", "(W/m)",
-                            "(m².K)/W", "(m².K)/W", "W/(m².K)", "W/(m².K)", ""};
+    const char *ligne1[] = {"",  "Paroi", "Teint",      "Code", "m",      "S",      "Composant",
+                            "d", "λ",     "Rsi et Rse", "R",    "U jour", "U nuit", ""};
+    const char *ligne2[]
+        = {"",    "Paroi", "Teint",    "Code",     "m",        "S",        "Composant",
+           "(m)", "(W/m)", "(m².K)/W", "(m².K)/W", "W/(m².K)", "W/(m².K)", ""};
     const int largeurs[] = {10, 3200, 600, 590, 450, 450, 6500, 680, 620, 1000, 900, 900, 900, 10};
     for (int c = 0; c < 14; ++c) {
         EXPECT_EQ(g().text(1, c), QString::fromUtf8(ligne1[c])) << c;
@@ -142,7 +143,8 @@ TEST_F(FeuilleCoefUTest, PlainBlocksAsTabled)
     for (const Cas &c : cas) {
         SCOPED_TRACE(c.type);
         choisirType(ligne, QString::fromUtf8(c.type));
-        EXPECT_EQ(g().text(ligne, C::Cle), QStringLiteral("%1").arg(++cle, 4, 10, QLatin1Char('0')));
+        EXPECT_EQ(g().text(ligne, C::Cle),
+                  QStringLiteral("%1").arg(++cle, 4, 10, QLatin1Char('0')));
         EXPECT_EQ(g().text(ligne, C::Nom), QString::fromUtf8(c.type));
         EXPECT_EQ(g().text(ligne, C::Cache), QString::fromUtf8(c.type));
         EXPECT_EQ(g().text(ligne, C::Code), QString::fromUtf8(c.code));
@@ -209,13 +211,13 @@ TEST_F(FeuilleCoefUTest, ReplayedWallWithComponentsAndThicknesses)
     // The wall reaches the pick list with its key.
     classeur->ConstruireListes();
     EXPECT_EQ(classeur->etat().ListeParois,
-              QStringList{QStringLiteral("Mur Ext.@A1@@0.02@0.28@0.28@0001")});
+              QStringList {QStringLiteral("Mur Ext.@A1@@0.02@0.28@0.28@0001")});
 
     // A dark tint from the list changes S.
     classeur->ClicDroitCellule(3, C::Teinte);
     ASSERT_TRUE(classeur->vue().listes[1].visible);
     EXPECT_EQ(classeur->vue().listes[1].elements,
-              (QStringList{"Clair", "Moyen", "Sombre", "Noir"}));
+              (QStringList {"Clair", "Moyen", "Sombre", "Noir"}));
     classeur->ChoixListe(1, 3);
     EXPECT_EQ(g().text(3, C::Teinte), QStringLiteral("Noir"));
     EXPECT_EQ(g().text(3, C::FacteurSolaire), QStringLiteral("0.03"));
@@ -340,11 +342,15 @@ TEST_F(FeuilleCoefUTest, GroundFloors)
 {
     // Rows 3: head, 4 A, 5 P, 6 w, 7 λs, 8 composition, 9-10 layers, 11 entry, 12 results.
     choisirType(3, QStringLiteral("Plan. TP, isol. continue."));
-    const char *libelles[] = {
-        "Résistance de sortie contact avec le sol", "Aire du plancher en contact avec le sol",
-        "Périmètre du plancher mesuré côté int.", "Epai. mur sup., toutes couches comprises",
-        "Conductivité thermique du sol non gelé", "Composition du plancher en partie courante",
-        "", "", "Résistance d'entrée contact avec le sol"};
+    const char *libelles[] = {"Résistance de sortie contact avec le sol",
+                              "Aire du plancher en contact avec le sol",
+                              "Périmètre du plancher mesuré côté int.",
+                              "Epai. mur sup., toutes couches comprises",
+                              "Conductivité thermique du sol non gelé",
+                              "Composition du plancher en partie courante",
+                              "",
+                              "",
+                              "Résistance d'entrée contact avec le sol"};
     for (int i = 0; i < 9; ++i)
         EXPECT_EQ(g().text(3 + i, C::Libelle), QString::fromUtf8(libelles[i])) << i;
     EXPECT_EQ(g().text(3, C::Code), QStringLiteral("A4"));
@@ -384,9 +390,10 @@ TEST_F(FeuilleCoefUTest, EdgeInsulationsAndBasement)
         g() = Grid();
         ConstruireGrilleParois(g());
         choisirType(3, QString::fromUtf8(c.type));
-        EXPECT_EQ(g().text(12, C::Libelle).left(30), QStringLiteral("Nature de l'isolation périphér"));
-        for (auto [ligne, texte] : {std::pair{4, "100"}, {5, "40"}, {6, "0.3"}, {7, "2"},
-                                     {9, "0.2"}})
+        EXPECT_EQ(g().text(12, C::Libelle).left(30),
+                  QStringLiteral("Nature de l'isolation périphér"));
+        for (auto [ligne, texte] :
+             {std::pair {4, "100"}, {5, "40"}, {6, "0.3"}, {7, "2"}, {9, "0.2"}})
             saisir(ligne, C::Epaisseur, QString::fromUtf8(texte));
         saisir(9, C::Conductivite, QStringLiteral("2"));
         saisir(13, C::Epaisseur, QStringLiteral("0.05"));
@@ -402,7 +409,7 @@ TEST_F(FeuilleCoefUTest, EdgeInsulationsAndBasement)
     choisirType(3, QStringLiteral("Plan. de Sous-Sol CH."));
     EXPECT_EQ(g().text(7, C::Libelle),
               QStringLiteral("Profondeur d'assise du plancher par rapport au sol environnant"));
-    for (auto [ligne, texte] : {std::pair{4, "100"}, {5, "40"}, {6, "0.3"}, {8, "2"}, {10, "0.2"}})
+    for (auto [ligne, texte] : {std::pair {4, "100"}, {5, "40"}, {6, "0.3"}, {8, "2"}, {10, "0.2"}})
         saisir(ligne, C::Epaisseur, QString::fromUtf8(texte));
     saisir(10, C::Conductivite, QStringLiteral("2"));
     saisir(7, C::Epaisseur, QStringLiteral("1"));

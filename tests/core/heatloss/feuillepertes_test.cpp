@@ -8,8 +8,8 @@
 #include "envelope/coefu/feuillecoefu.h"
 #include "heatloss/calcullocal.h"
 #include "heatloss/feuillepertes.h"
-#include "heatloss/ubat.h"
 #include "heatloss/tableaupertes.h"
+#include "heatloss/ubat.h"
 #include "workbook/classeur.h"
 #include "workbook/nombres.h"
 #include "workbook/projet.h"
@@ -391,7 +391,8 @@ TEST_F(SessionPertesTest, SmallHouseFromEndToEnd)
     EXPECT_EQ(ubat.text(g + 7, 13), QStringLiteral("405.00"));
     EXPECT_EQ(ubat.text(g + 8, 13), QStringLiteral("0.302"));
     // The summary of the cover page: areas, volumes, losses, compactness.
-    EXPECT_TRUE(relue.flexGrid[0].text(14, 13).startsWith(QStringLiteral("\r\n92.00\r\n92.00\r\n405.00")))
+    EXPECT_TRUE(
+        relue.flexGrid[0].text(14, 13).startsWith(QStringLiteral("\r\n92.00\r\n92.00\r\n405.00")))
         << relue.flexGrid[0].text(14, 13).toStdString();
 }
 
@@ -766,12 +767,9 @@ TEST_F(SessionPertesTest, HelpPanelByRowAndColumn)
         const char *debut;
     };
     const Cas cas[] = {
-        {5, 3, "Code de la ligne : A1"},
-        {5, 15, "Surface (m²) d'une paroi"},
-        {9, 17, "Coefficient de réduction"},
-        {3, 4, "Nom du local"},
-        {3, 18, "Type d'émetteur"},
-        {11, 5, "Hauteur sous plafond"},
+        {5, 3, "Code de la ligne : A1"},     {5, 15, "Surface (m²) d'une paroi"},
+        {9, 17, "Coefficient de réduction"}, {3, 4, "Nom du local"},
+        {3, 18, "Type d'émetteur"},          {11, 5, "Hauteur sous plafond"},
     };
     for (const Cas &c : cas) {
         classeur->SurvolCellule(c.ligne, c.colonne, false);

@@ -56,8 +56,8 @@ void ecrirePieces(Grid &g, const QVector<Piece> &pieces)
         };
         // inclination, azimuth, code, m, F, U day, U night, Ul, surface, ΔT, b
         ligne(QStringLiteral("TableauLigneCalculParoi"), QStringLiteral("Mur nord"),
-              {"90", "90", "A1", "", "0.05", "0.36", "0.36", "", Format(p.surfaceMur, QStringLiteral("#,##0.00")),
-               "25", "1.00"});
+              {"90", "90", "A1", "", "0.05", "0.36", "0.36", "",
+               Format(p.surfaceMur, QStringLiteral("#,##0.00")), "25", "1.00"});
         if (p.fenetreEtPont) {
             ligne(QStringLiteral("TableauLigneCalculParoi"), QStringLiteral("FE. 1"),
                   {"90", "90", "A6", "2", "0.45", "2.00", "1.60", "", "3.00", "25", "1.00"});

@@ -66,10 +66,7 @@ protected:
         g.setText(13, 13, QStringLiteral("(b) Exposée."));
     }
 
-    void verrouiller(Grid &g, int r, int c)
-    {
-        g.cellPtr(r, c)->attributs.couleurFond = gris;
-    }
+    void verrouiller(Grid &g, int r, int c) { g.cellPtr(r, c)->attributs.couleurFond = gris; }
 
     // A heat-loss table with a wall row at 6, as the sheet would build it.
     void tablePertes()
@@ -109,7 +106,8 @@ TEST_F(ClasseurTest, StartReadsTheSettingsAndShowsTheFirstSheet)
     EXPECT_EQ(classeur->etat().IgnorerCombo, 0);
     EXPECT_EQ(classeur->vue().titre, QStringLiteral(" Thermique : Bilan énergétique. "));
     EXPECT_EQ(classeur->vue().etiquetteVersion, QStringLiteral("Version : 2026-07-10"));
-    EXPECT_EQ(ui.attentes, QStringList{QStringLiteral("Chargement des données, veuillez patienter.")});
+    EXPECT_EQ(ui.attentes,
+              QStringList {QStringLiteral("Chargement des données, veuillez patienter.")});
     EXPECT_FALSE(ui.attenteVisible);
     EXPECT_FALSE(classeur->menuActif(QStringLiteral("Mnu_Rotation")));
     EXPECT_FALSE(classeur->vue().menus[QStringLiteral("Ouvrir")].visible);
@@ -139,14 +137,15 @@ TEST_F(ClasseurTest, AdministrativeGatesShowOnlyTheFirstMissingCell)
     };
     const Cas cas[] = {
         {{"", "", ""}, "La ville n'est pas renseignée sur la feuille ADMINISTRATIVE."},
-        {{"Toulon", " ", ""}, "L'usage du bâtiment n'est pas renseigné sur la feuille ADMINISTRATIVE."},
+        {{"Toulon", " ", ""},
+         "L'usage du bâtiment n'est pas renseigné sur la feuille ADMINISTRATIVE."},
         {{"Toulon", "Maison individuelle.", ""},
          "La situation du bâtiment n'est pas renseigné sur la feuille ADMINISTRATIVE."},
     };
     for (const Cas &c : cas) {
         ui.messages.clear();
         for (int i = 0; i < 3; ++i)
-            etude.flexGrid[0].setText(QVector<int>{9, 12, 13}[i], 13, c.cellules[i]);
+            etude.flexGrid[0].setText(QVector<int> {9, 12, 13}[i], 13, c.cellules[i]);
         classeur->ChangementFeuille(5);
         ASSERT_EQ(ui.messages.size(), 1);
         EXPECT_EQ(ui.messages[0].texte, c.message);
@@ -180,8 +179,9 @@ TEST_F(ClasseurTest, VentilationAndHeatLossNeedTheGeography)
     classeur->etat().IgnorerCombo = 1;
     classeur->ChangementFeuille(4);
     ASSERT_EQ(ui.messages.size(), 1);
-    EXPECT_EQ(ui.messages[0].texte, QStringLiteral("Compléter la partie géographique de la page "
-                                                   "Administrative avant d'atteindre cette page."));
+    EXPECT_EQ(ui.messages[0].texte,
+              QStringLiteral("Compléter la partie géographique de la page "
+                             "Administrative avant d'atteindre cette page."));
     EXPECT_EQ(ui.messages[0].style, 48);
     EXPECT_EQ(ui.messages[0].titre, QStringLiteral("Thermique"));
     EXPECT_EQ(classeur->etat().FeuilleActive, 0);
@@ -190,8 +190,9 @@ TEST_F(ClasseurTest, VentilationAndHeatLossNeedTheGeography)
     etude.flexGrid[0].setText(13, 13, QStringLiteral(" "));
     classeur->etat().IgnorerCombo = 1;
     classeur->ChangementFeuille(4);
-    EXPECT_EQ(ui.dernierMessage(), QStringLiteral("Compléter la partie \" site \" de la page "
-                                                  "Administrative avant d'atteindre cette page."));
+    EXPECT_EQ(ui.dernierMessage(),
+              QStringLiteral("Compléter la partie \" site \" de la page "
+                             "Administrative avant d'atteindre cette page."));
 }
 
 TEST_F(ClasseurTest, SimplifiedModeClosesBridgesAndVentilation)
@@ -199,8 +200,9 @@ TEST_F(ClasseurTest, SimplifiedModeClosesBridgesAndVentilation)
     remplirAdministratif();
     classeur->etat().ModeTransfert = true;
     classeur->ChangementFeuille(3);
-    EXPECT_EQ(ui.dernierMessage(), QStringLiteral("Onglet inaccessible dans la version simplifiée "
-                                                  "du calcul des pertes de chaleur."));
+    EXPECT_EQ(ui.dernierMessage(),
+              QStringLiteral("Onglet inaccessible dans la version simplifiée "
+                             "du calcul des pertes de chaleur."));
     EXPECT_EQ(classeur->etat().FeuilleActive, 0);
 }
 
@@ -343,7 +345,8 @@ TEST_F(ClasseurTest, WallUsedOnTheHeatLossSheetCannotBeDeleted)
     ui.reponses.enqueue(ReponseOui);
     const int rows = g.rows();
     classeur->ToucheEnfoncee(Touche::F3, 0);
-    EXPECT_EQ(ui.dernierMessage(), QStringLiteral("Attention, effacement irrémédiable de la paroi."));
+    EXPECT_EQ(ui.dernierMessage(),
+              QStringLiteral("Attention, effacement irrémédiable de la paroi."));
     EXPECT_EQ(g.rows(), rows - 4);
     EXPECT_EQ(g.text(4, 1), QStringLiteral("Suivant"));
 }
@@ -381,11 +384,13 @@ TEST_F(ClasseurTest, WallColumnTakesOnlyTheRightButton)
     etude.flexGrid[4].cellPtr(6, 8)->attributs.couleurFond = CouleurSystemeFenetre;
     classeur->CliqueCellule(6, 8);
     classeur->ToucheCaractere('1');
-    EXPECT_EQ(ui.dernierMessage(),
-              QStringLiteral("Dans cette colonne, vous ne devez cliquer qu'avec le bouton droit !"));
+    EXPECT_EQ(
+        ui.dernierMessage(),
+        QStringLiteral("Dans cette colonne, vous ne devez cliquer qu'avec le bouton droit !"));
     classeur->DoubleCliqueCellule(6, 8);
-    EXPECT_EQ(ui.dernierMessage(),
-              QStringLiteral("Dans cette colonne, vous ne devez que cliquer avec le bouton droit !"));
+    EXPECT_EQ(
+        ui.dernierMessage(),
+        QStringLiteral("Dans cette colonne, vous ne devez que cliquer avec le bouton droit !"));
     EXPECT_FALSE(classeur->vue().saisie.visible);
 }
 
@@ -494,8 +499,9 @@ TEST_F(ClasseurTest, CopyAndPasteOfARoomTable)
     g.row = 6;
     g.col = 2;
     classeur->ToucheEnfoncee(Touche::C, Touche::MasqueCtrl);
-    EXPECT_EQ(ui.dernierMessage(), QStringLiteral("Pour copier un tableau la cellule active doit "
-                                                  "se situer dans la cellule nom du local."));
+    EXPECT_EQ(ui.dernierMessage(),
+              QStringLiteral("Pour copier un tableau la cellule active doit "
+                             "se situer dans la cellule nom du local."));
     EXPECT_FALSE(classeur->vue().boutons[7].actif);
     g.row = 4;
     classeur->ToucheEnfoncee(Touche::C, Touche::MasqueCtrl);
@@ -524,7 +530,8 @@ TEST_F(ClasseurTest, TableInsertionNeedsAFreeRowOrATableHead)
     g.row = 6;
     g.col = 2;
     classeur->ToucheEnfoncee(Touche::T, Touche::MasqueCtrl);
-    EXPECT_TRUE(ui.dernierMessage().startsWith(QStringLiteral("Pour insérer un nouveau tableau :")));
+    EXPECT_TRUE(
+        ui.dernierMessage().startsWith(QStringLiteral("Pour insérer un nouveau tableau :")));
     const int tableaux = pertes->tableaux;
     // On the head of a table, the new one goes before it.
     g.row = 4;
@@ -544,10 +551,11 @@ TEST_F(ClasseurTest, BlockPlaceRefusesARowHoldingABlank)
     g.setText(12, 7, QStringLiteral(" "));
     EXPECT_TRUE(classeur->VerifierPlace(3, 11));
     EXPECT_FALSE(classeur->VerifierPlace(10, 14));
-    EXPECT_EQ(ui.dernierMessage(), QStringLiteral("La plage de cellules disponibles pour "
-                                                  "l'insertion est insuffisante !\r\nUn espace, "
-                                                  "invisible dans une ligne, peut faire qu'une "
-                                                  "ligne ne soit pas vide.\r\nInsérez des lignes."));
+    EXPECT_EQ(ui.dernierMessage(),
+              QStringLiteral("La plage de cellules disponibles pour "
+                             "l'insertion est insuffisante !\r\nUn espace, "
+                             "invisible dans une ligne, peut faire qu'une "
+                             "ligne ne soit pas vide.\r\nInsérez des lignes."));
     EXPECT_EQ(ui.messages.last().style, 16);
     EXPECT_EQ(classeur->etat().IgnorerCombo, 1);
     // The grid grows first to hold the block.
@@ -566,8 +574,7 @@ TEST_F(ClasseurTest, ChangedWallReachesTheHeatLossRowsOnEntry)
     const QString numero = parois.text(5, 0);
     EXPECT_EQ(numero, QStringLiteral("0001"));
     ASSERT_EQ(classeur->etat().ListeParois.size(), 1);
-    EXPECT_EQ(classeur->etat().ListeParois[0],
-              QStringLiteral("Mur nord@A1@@@0.360@@0001"));
+    EXPECT_EQ(classeur->etat().ListeParois[0], QStringLiteral("Mur nord@A1@@@0.360@@0001"));
     Grid &pertes4 = etude.flexGrid[4];
     pertes4.setText(20, 20, numero);
     pertes4.setText(20, 12, QStringLiteral("0.360"));
@@ -580,7 +587,8 @@ TEST_F(ClasseurTest, ChangedWallReachesTheHeatLossRowsOnEntry)
     EXPECT_EQ(pertes4.text(20, 3), QStringLiteral("Mur nord"));
     EXPECT_EQ(pertes4.attributs(20, 12).couleurFond, gris);
     EXPECT_EQ(pertes->lignes, lignes + 1);
-    EXPECT_TRUE(ui.attentes.contains(QStringLiteral("Mise à jour des calculs, veuillez patienter.")));
+    EXPECT_TRUE(
+        ui.attentes.contains(QStringLiteral("Mise à jour des calculs, veuillez patienter.")));
 }
 
 TEST_F(ClasseurTest, ClosingAsksOnlyWhenTheStudyChanged)
@@ -596,7 +604,9 @@ TEST_F(ClasseurTest, ClosingAsksOnlyWhenTheStudyChanged)
     EXPECT_EQ(positions.readInteger(), 0);
 
     int enregistrements = 0;
-    classeur->extensions.enregistrerSous = [&] { ++enregistrements; };
+    classeur->extensions.enregistrerSous = [&] {
+        ++enregistrements;
+    };
     classeur->marquerModifiee();
     ui.reponses.enqueue(ReponseOui);
     EXPECT_TRUE(classeur->Fermeture());
@@ -621,13 +631,15 @@ TEST_F(ClasseurTest, LockedColourChangesRepaintAndRefuseTheInputColour)
 
 TEST_F(ClasseurTest, OldFilesEntrySwitchesTheCaptions)
 {
-    classeur->extensions.ouvrirAncienFichier = [] {};
+    classeur->extensions.ouvrirAncienFichier = [] {
+    };
     classeur->Menu(QStringLiteral("Mnu_FichiersAnciens"));
     EXPECT_EQ(classeur->vue().menus[QStringLiteral("MnuOuvrir")].libelle,
               QStringLiteral("&Ouvrir (nouveau fichier)"));
     EXPECT_TRUE(classeur->vue().menus[QStringLiteral("Ouvrir")].visible);
     classeur->Menu(QStringLiteral("Mnu_FichiersAnciens"));
-    EXPECT_EQ(classeur->vue().menus[QStringLiteral("MnuOuvrir")].libelle, QStringLiteral("&Ouvrir"));
+    EXPECT_EQ(classeur->vue().menus[QStringLiteral("MnuOuvrir")].libelle,
+              QStringLiteral("&Ouvrir"));
     EXPECT_FALSE(classeur->vue().menus[QStringLiteral("Ouvrir")].visible);
     // An entry whose action does not exist yet is shown disabled.
     EXPECT_FALSE(classeur->vue().menus[QStringLiteral("MnuIdentité")].actif);

@@ -138,10 +138,10 @@ TEST(FichierProjet, LayoutRecordByRecord)
     EXPECT_TRUE(dep.endsWith("\r\n"));
     EXPECT_EQ(lignes[0], QByteArray("0,0,0,0\r"));
     EXPECT_EQ(lignes[1], QByteArray("1,1,0,0\r")); // Rows, Cols, FixedRows, FixedCols
-    EXPECT_EQ(lignes[2], QByteArray("0\r"));       // display mode
-    EXPECT_EQ(lignes[3], QByteArray("0,0\r"));     // Col, Row
-    EXPECT_EQ(lignes[4], QByteArray("240\r"));     // row height
-    EXPECT_EQ(lignes[5], QByteArray("960\r"));     // column width, on row 0 only
+    EXPECT_EQ(lignes[2], QByteArray("0\r")); // display mode
+    EXPECT_EQ(lignes[3], QByteArray("0,0\r")); // Col, Row
+    EXPECT_EQ(lignes[4], QByteArray("240\r")); // row height
+    EXPECT_EQ(lignes[5], QByteArray("960\r")); // column width, on row 0 only
     EXPECT_EQ(lignes[6], QByteArray("\"\xE9\xA7\"\r"));
     EXPECT_EQ(lignes[7], QByteArray("#TRUE#\r"));
     EXPECT_EQ(lignes[8], QByteArray("9\r"));
@@ -151,7 +151,9 @@ TEST(FichierProjet, LayoutRecordByRecord)
     EXPECT_EQ(lignes[12], QByteArray("8.25\r"));
     // The operation at (1, 0) of a 2-column grid is also "column 2" of row 0: twice.
     // The blocks of grids 1 and 3 are empty (N = 0), then grid 4 with N = 2.
-    EXPECT_TRUE(dep.contains("0\r\n0\r\n2\r\n\"2\xA7" "1+2\"\r\n\"2\xA7" "1+2\"\r\n"));
+    EXPECT_TRUE(dep.contains("0\r\n0\r\n2\r\n\"2\xA7"
+                             "1+2\"\r\n\"2\xA7"
+                             "1+2\"\r\n"));
     Study relue;
     ASSERT_TRUE(LireEtude(dep, relue));
     EXPECT_EQ(relue.flexGrid[4].operation(1, 0), QStringLiteral("1+2"));
@@ -168,7 +170,7 @@ TEST(FichierProjet, CompanionListsEachRoomTable)
     p.setText(30, 11, QStringLiteral("-7"));
     p.setText(30, 17, QStringLiteral("20"));
     EXPECT_EQ(records(EcrireEtude(e).compagnon),
-              (QStringList{"-5", "19", "1\u00A0250", "-7", "20"}));
+              (QStringList {"-5", "19", "1\u00A0250", "-7", "20"}));
     // A head on the very last row is never reached by the walk.
     p.setText(p.rows() - 1, 0, QStringLiteral("TableauLigne1"));
     EXPECT_EQ(records(EcrireEtude(e).compagnon).size(), 5);
@@ -346,7 +348,8 @@ TEST_F(ProjetTest, FailedSaveKeepsThePreviousFile)
     etude.flexGrid[0].setText(2, 12, QStringLiteral("seconde version"));
     classeur->marquerModifiee();
     Enregistrer(*classeur);
-    EXPECT_EQ(ui.dernierMessage(), QStringLiteral("Une erreur s'est produite lors de l'enregistrement."));
+    EXPECT_EQ(ui.dernierMessage(),
+              QStringLiteral("Une erreur s'est produite lors de l'enregistrement."));
     EXPECT_EQ(ui.messages.last().style, 54);
     EXPECT_EQ(ui.messages.last().titre, QStringLiteral("Erreur."));
     EXPECT_EQ(classeur->etat().EtudeModifiee, 1);
@@ -378,7 +381,8 @@ TEST_F(ProjetTest, OpenAsksToSaveThenReadsAndRebuildsTheLists)
 TEST_F(ProjetTest, SnapshotsNameAndNumberTheirSessions)
 {
     const QDate jour(2026, 11, 21);
-    EXPECT_EQ(NomSauvegarde(classeur->etat(), jour), QStringLiteral("2026 nov. 21 - Non enregistré"));
+    EXPECT_EQ(NomSauvegarde(classeur->etat(), jour),
+              QStringLiteral("2026 nov. 21 - Non enregistré"));
     classeur->etat().NomFichierEtude = QStringLiteral("/x/Maison - Dupont.dep");
     EXPECT_EQ(NomSauvegarde(classeur->etat(), jour), QStringLiteral("Maison - Dupont.dep"));
 
@@ -389,7 +393,7 @@ TEST_F(ProjetTest, SnapshotsNameAndNumberTheirSessions)
     SauvegardeInter(*classeur, 5, jour);
     SauvegardeInter(*classeur, 4, jour);
     EXPECT_EQ(nomsSauvegardes(),
-              (QStringList{"Maison - Dupont.dep-1.0.sav", "Maison - Dupont.dep-1.4.sav"}));
+              (QStringList {"Maison - Dupont.dep-1.0.sav", "Maison - Dupont.dep-1.4.sav"}));
     // The same study started again: the next number.
     classeur->etat().SessionOuverte = false;
     SauvegardeInter(*classeur, 0, jour);
@@ -403,8 +407,8 @@ TEST_F(ProjetTest, SnapshotsNameAndNumberTheirSessions)
     SauvegardeInter(*classeur, 0, jour);
     EXPECT_EQ(classeur->etat().NumeroSession, 1);
     EXPECT_EQ(ListeRecuperation(classeur->dossier()),
-              (QStringList{"Autre.dep-1.0.sav", "Maison - Dupont.dep-1.0.sav",
-                           "Maison - Dupont.dep-2.0.sav"}));
+              (QStringList {"Autre.dep-1.0.sav", "Maison - Dupont.dep-1.0.sav",
+                            "Maison - Dupont.dep-2.0.sav"}));
 }
 
 TEST_F(ProjetTest, RecoveryAfterACrashBringsBackTheFiveSheets)

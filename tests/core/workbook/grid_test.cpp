@@ -46,7 +46,7 @@ TEST(Grid, InsertionCarriesEveryRowContentDown)
             const int source = r < at ? r : r - 1;
             for (int c = 0; c < 3; ++c) {
                 if (r == at) {
-                    EXPECT_EQ(g.cell(r, c), Cell{}) << "new row at " << at;
+                    EXPECT_EQ(g.cell(r, c), Cell {}) << "new row at " << at;
                 } else {
                     EXPECT_EQ(g.cell(r, c), avant.cell(source, c)) << at << ' ' << r << ' ' << c;
                 }

@@ -17,8 +17,9 @@ TEST(Records, WritesTheClassicLayout)
     w.integer(-32768).integer(2147483647).endRecord();
     w.number(0.1 + 0.2).endRecord();
     w.stringRecord(QString());
-    EXPECT_EQ(w.text(), QStringLiteral("1200,-60,8.25,12000.5\r\n\"Béton, plein\"\r\n#TRUE#\r\n"
-                                       "#FALSE#\r\n-32768,2147483647\r\n0.3\r\n\"\"\r\n"));
+    EXPECT_EQ(w.text(),
+              QStringLiteral("1200,-60,8.25,12000.5\r\n\"Béton, plein\"\r\n#TRUE#\r\n"
+                             "#FALSE#\r\n-32768,2147483647\r\n0.3\r\n\"\"\r\n"));
     const QByteArray b = w.bytes();
     EXPECT_TRUE(b.contains("\"B\xE9ton, plein\""));
 }
@@ -90,11 +91,8 @@ TEST(Records, BadValuesSetTheReaderInFailure)
         qint64 min, max;
     };
     const Cas cas[] = {
-        {"abc\r\n", INT32_MIN, INT32_MAX},
-        {"2000000000\r\n", 0, 100000},
-        {"-5\r\n", 0, 10},
-        {"1e400\r\n", INT32_MIN, INT32_MAX},
-        {"", INT32_MIN, INT32_MAX},
+        {"abc\r\n", INT32_MIN, INT32_MAX},   {"2000000000\r\n", 0, 100000}, {"-5\r\n", 0, 10},
+        {"1e400\r\n", INT32_MIN, INT32_MAX}, {"", INT32_MIN, INT32_MAX},
     };
     for (const Cas &c : cas) {
         RecordReader r(QByteArray(c.donnees));
@@ -121,10 +119,18 @@ TEST(Records, RandomBytesNeverCrashOrLoop)
         int lectures = 0;
         while (r.ok() && lectures < 1000) {
             switch (lectures % 4) {
-            case 0: r.readString(); break;
-            case 1: r.readNumber(); break;
-            case 2: r.readBoolean(); break;
-            default: r.readInteger(); break;
+            case 0:
+                r.readString();
+                break;
+            case 1:
+                r.readNumber();
+                break;
+            case 2:
+                r.readBoolean();
+                break;
+            default:
+                r.readInteger();
+                break;
             }
             ++lectures;
         }

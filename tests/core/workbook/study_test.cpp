@@ -66,12 +66,13 @@ TEST(Study, ComparisonSeesEveryPart)
 TEST(DossierApplication, OptionThenEnvironmentThenBesideTheExecutable)
 {
     qputenv("THERMIQUE_DOSSIER", "/tmp/env-dossier");
-    QStringList args{QStringLiteral("a.dep"), QStringLiteral("--dossier"), QStringLiteral("/tmp/opt")};
+    QStringList args {QStringLiteral("a.dep"), QStringLiteral("--dossier"),
+                      QStringLiteral("/tmp/opt")};
     EXPECT_EQ(DossierApplication::resoudre(args, QStringLiteral("/bin")).chemin(),
               QStringLiteral("/tmp/opt"));
-    EXPECT_EQ(args, QStringList{QStringLiteral("a.dep")});
+    EXPECT_EQ(args, QStringList {QStringLiteral("a.dep")});
 
-    QStringList sansOption{QStringLiteral("a.dep")};
+    QStringList sansOption {QStringLiteral("a.dep")};
     EXPECT_EQ(DossierApplication::resoudre(sansOption, QStringLiteral("/bin")).chemin(),
               QStringLiteral("/tmp/env-dossier"));
     qunsetenv("THERMIQUE_DOSSIER");

@@ -22,8 +22,8 @@ std::optional<double> FacteurTeinte(const QString &teinte)
         const char *nom;
         double k;
     };
-    static constexpr Teinte teintes[] = {
-        {"Clair", 0.1}, {"Moyen", 0.5}, {"Sombre", 0.7}, {"Noir", 0.9}};
+    static constexpr Teinte teintes[]
+        = {{"Clair", 0.1}, {"Moyen", 0.5}, {"Sombre", 0.7}, {"Noir", 0.9}};
     const QString t = teinte.trimmed();
     if (t.isEmpty())
         return std::nullopt;
@@ -54,8 +54,8 @@ std::optional<double> DephasageMinutes(const QVector<CoucheDephasage> &couches)
     double minutes = 0;
     for (const CoucheDephasage &c : couches) {
         const QStringList champs = c.composant.split(QStringLiteral("£"));
-        if (c.composant.trimmed().isEmpty() || champs.size() < 3
-            || champs[0].trimmed().isEmpty() || champs[1].trimmed().isEmpty())
+        if (c.composant.trimmed().isEmpty() || champs.size() < 3 || champs[0].trimmed().isEmpty()
+            || champs[1].trimmed().isEmpty())
             return std::nullopt;
         const double rho = MasseVolumiqueComposant(champs[0]);
         const double chaleur = ValNombre(champs[1]) / 3600;
@@ -122,8 +122,8 @@ std::optional<double> UPlancherBase(double bPrime, double dt, double lambdaSol)
     return lambdaSol / (0.457 * bPrime + dt);
 }
 
-std::optional<double> PsiIsolationPeripherique(double lambdaSol, double dt, double dPrime,
-                                               double d, bool verticale)
+std::optional<double> PsiIsolationPeripherique(double lambdaSol, double dt, double dPrime, double d,
+                                               bool verticale)
 {
     if (!(dt > 0) || !(dt + dPrime > 0) || d < 0)
         return std::nullopt;

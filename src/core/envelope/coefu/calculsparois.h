@@ -57,8 +57,8 @@ double EpaisseurEquivalente(double epaisseurMur, double lambdaSol, double rTotal
 std::optional<double> UPlancherBase(double bPrime, double dt, double lambdaSol);
 // Linear coefficient of a horizontal (width D) or vertical (depth D) edge insulation of
 // equivalent thickness d'. 0 when D is 0; nullopt when dt + d' is not above 0.
-std::optional<double> PsiIsolationPeripherique(double lambdaSol, double dt, double dPrime,
-                                               double d, bool verticale);
+std::optional<double> PsiIsolationPeripherique(double lambdaSol, double dt, double dPrime, double d,
+                                               bool verticale);
 
 // ---- Surface resistance --------------------------------------------------------------------
 

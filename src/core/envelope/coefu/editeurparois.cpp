@@ -87,8 +87,7 @@ const QString libelleAssise
 const QString libelleSol = QStringLiteral("Conductivité thermique du sol non gelé");
 const QString libelleComposition = QStringLiteral("Composition du plancher en partie courante");
 const QString libelleProfondeur = QStringLiteral("Profondeur moyenne au-dessous du sol");
-const QString natureHorizontale
-    = QStringLiteral("Nature de l'isolation périphérique horizontale");
+const QString natureHorizontale = QStringLiteral("Nature de l'isolation périphérique horizontale");
 const QString largeurHorizontale
     = QStringLiteral("Largeur de l'isolation périphérique horizontale");
 const QString natureVerticale = QStringLiteral("Nature de l'isolation périphérique verticale");
@@ -133,8 +132,8 @@ void calculerResistanceCouche(Grid &g, int r)
     const double lambda = valeur(g, r, C::Conductivite);
     if (lambda == 0)
         return;
-    g.setText(r, C::Resistance, Format(valeur(g, r, C::Epaisseur) / lambda,
-                                       QStringLiteral("#0.000")));
+    g.setText(r, C::Resistance,
+              Format(valeur(g, r, C::Epaisseur) / lambda, QStringLiteral("#0.000")));
     g.setOperation(r, C::Resistance, QString());
 }
 
@@ -197,8 +196,8 @@ void calculParoiSimple(ContexteParois &ctx, int tete, int entree, const QString 
         for (int r = tete + 1; r < entree; ++r) {
             if (!estCouche(g, r) || texte(g, r, C::Libelle).startsWith(lameAir))
                 continue;
-            couches.append({texte(g, r, C::Cache), valeur(g, r, C::Epaisseur),
-                            valeur(g, r, C::Conductivite)});
+            couches.append(
+                {texte(g, r, C::Cache), valeur(g, r, C::Epaisseur), valeur(g, r, C::Conductivite)});
         }
         g.setText(resultat, C::Libelle, TexteDephasage(DephasageMinutes(couches)));
     }
@@ -230,8 +229,8 @@ void calculPlancherSurSol(ContexteParois &ctx, int tete, int entree, const QStri
     if (resultat >= g.rows())
         g.setRows(resultat + 1);
 
-    const int debutCouches = chercherLibelle(g, tete + 1, entree - 1, libelleComposition)
-                                 .value_or(tete);
+    const int debutCouches
+        = chercherLibelle(g, tete + 1, entree - 1, libelleComposition).value_or(tete);
     double rf = 0;
     for (int r = debutCouches + 1; r < entree; ++r) {
         calculerResistanceCouche(g, r);
@@ -257,8 +256,8 @@ void calculPlancherSurSol(ContexteParois &ctx, int tete, int entree, const QStri
         return;
     }
     const double lambdaSol = valeur(g, *sol, C::Epaisseur);
-    const auto bPrime
-        = DimensionCaracteristique(valeur(g, *aire, C::Epaisseur), valeur(g, *perimetre, C::Epaisseur));
+    const auto bPrime = DimensionCaracteristique(valeur(g, *aire, C::Epaisseur),
+                                                 valeur(g, *perimetre, C::Epaisseur));
     double dt = EpaisseurEquivalente(valeur(g, *mur, C::Epaisseur), lambdaSol, rt);
     if (sousSol) {
         double z = valeur(g, *assise, C::Epaisseur);
@@ -354,7 +353,8 @@ QString TypeFenetre()
 
 bool EstPlancherSurSol(const QString &type)
 {
-    return type.startsWith(QStringLiteral("Plan. TP,")) || type == QStringLiteral("Plan. de Sous-Sol CH.");
+    return type.startsWith(QStringLiteral("Plan. TP,"))
+        || type == QStringLiteral("Plan. de Sous-Sol CH.");
 }
 
 bool EstLigneEntree(const QString &libelle)
@@ -549,9 +549,9 @@ void PeindreBloc(ContexteParois &ctx, int tete)
         PeindreLigneParoi(ctx, tete, {C::Nom, C::ResistanceSuperficielle});
     else
         PeindreLigneParoi(ctx, tete, {C::Nom, C::Teinte, C::ResistanceSuperficielle});
-    const QString donnees[] = {libelleAire,  libellePerimetre,   libelleEpaisseur,
-                               libelleAssise, libelleSol,        libelleProfondeur,
-                               largeurHorizontale, hauteurVerticale};
+    const QString donnees[]
+        = {libelleAire, libellePerimetre,  libelleEpaisseur,   libelleAssise,
+           libelleSol,  libelleProfondeur, largeurHorizontale, hauteurVerticale};
     for (int r = tete + 1; r < fin; ++r) {
         const QString l = texte(g, r, C::Libelle);
         if (EstLigneEntree(l))

@@ -40,12 +40,8 @@ constexpr Entete entetes[C::Nombre] = {
 
 // Ground-floor rows whose value is a dimension: shown grouped, three decimals.
 const char *const libellesDimensions[] = {
-    "Aire du plancher",
-    "Périmètre du plancher",
-    "Epai. mur sup.",
-    "Profondeur",
-    "Largeur de l'isolation",
-    "Hauteur de l'isolation",
+    "Aire du plancher", "Périmètre du plancher",  "Epai. mur sup.",
+    "Profondeur",       "Largeur de l'isolation", "Hauteur de l'isolation",
 };
 
 bool ligneVide(const Grid &g, int r)
@@ -115,8 +111,10 @@ QString AideParois(const Grid &g, int ligne, int colonne)
                                   "l'argile ou le limon, 1.5 pour le sable ou le gravier, 3.5 "
                                   "pour la roche homogène.");
         if (libelle.startsWith(QStringLiteral("Aire")) || libelle.startsWith(QStringLiteral("Pér"))
-            || libelle.startsWith(QStringLiteral("Epai.")) || libelle.startsWith(QStringLiteral("Prof"))
-            || libelle.startsWith(QStringLiteral("Largeur")) || libelle.startsWith(QStringLiteral("Hauteur")))
+            || libelle.startsWith(QStringLiteral("Epai."))
+            || libelle.startsWith(QStringLiteral("Prof"))
+            || libelle.startsWith(QStringLiteral("Largeur"))
+            || libelle.startsWith(QStringLiteral("Hauteur")))
             return QStringLiteral("Dimension en m ou en m², saisie dans la colonne d ; une "
                                   "opération est acceptée (ex. : 12.5*8.2).");
         if (colonne == C::Libelle)
@@ -192,13 +190,13 @@ void ApresValidationParois(ContexteParois &ctx, int ligne, int colonne)
 ContexteParois FeuilleCoefU::contexte(Classeur &classeur)
 {
     Study &e = classeur.etude();
-    return ContexteParois{e.flexGrid[1],
-                          classeur.ui(),
-                          e.compteurParois,
-                          classeur.etat().CouleurVerrouillee,
-                          classeur.etat().CouleurSaisie,
-                          e.flexGrid[0].text(12, 13),
-                          &fenetres};
+    return ContexteParois {e.flexGrid[1],
+                           classeur.ui(),
+                           e.compteurParois,
+                           classeur.etat().CouleurVerrouillee,
+                           classeur.etat().CouleurSaisie,
+                           e.flexGrid[0].text(12, 13),
+                           &fenetres};
 }
 
 void FeuilleCoefU::construire(Classeur &classeur)
@@ -249,8 +247,8 @@ bool FeuilleCoefU::clicDroit(Classeur &classeur, int ligne, int colonne)
 {
     if (ouvrirListe(classeur, ligne, colonne))
         return true;
-    const OutilCellule outil
-        = OutilParois(classeur.etude().flexGrid[1], classeur.etat().CouleurVerrouillee, ligne, colonne);
+    const OutilCellule outil = OutilParois(classeur.etude().flexGrid[1],
+                                           classeur.etat().CouleurVerrouillee, ligne, colonne);
     if (outil.genre != OutilCellule::Formulaire)
         return false;
     if (classeur.ui().ouvrirFormulaire(outil.formulaire))

@@ -74,7 +74,7 @@ std::optional<Grid> LireBibliotheque(const QString &chemin)
     const auto fixesC = lecteur.readInteger(0, 200);
     if (!lecteur.ok())
         return std::nullopt;
-    Grid g{int(*lignes), int(*colonnes)};
+    Grid g {int(*lignes), int(*colonnes)};
     g.fixedRows = int(std::min(*fixesL, *lignes));
     g.fixedCols = int(std::min(*fixesC, *colonnes));
     for (int r = 0; r < g.rows(); ++r) {
@@ -123,8 +123,8 @@ BibliothequeParois::BibliothequeParois(UserInterface &ui, qint32 couleurVerrouil
 
 ContexteParois BibliothequeParois::contexte()
 {
-    return ContexteParois{m_grille, m_ui, m_compteur, m_verrou, m_saisie, typeConstruction,
-                          &fenetres};
+    return ContexteParois {m_grille,         m_ui,     m_compteur, m_verrou, m_saisie,
+                           typeConstruction, &fenetres};
 }
 
 void BibliothequeParois::charger(const QString &chemin)
@@ -267,9 +267,9 @@ void BibliothequeParois::valider(int ligne, int colonne, const QString &texte)
             QString expression = texte;
             const auto v = Calculatrice(expression, m_ui);
             m_grille.setText(ligne, colonne,
-                             Format(v.value_or(0), colonne == C::Epaisseur
-                                                       ? QStringLiteral("##0.0000")
-                                                       : QStringLiteral("##0.000")));
+                             Format(v.value_or(0),
+                                    colonne == C::Epaisseur ? QStringLiteral("##0.0000")
+                                                            : QStringLiteral("##0.000")));
         }
     }
     ContexteParois ctx = contexte();

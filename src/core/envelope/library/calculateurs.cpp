@@ -35,8 +35,7 @@ constexpr Depart departs[] = {
 // Rows the table does not name: an inner face as a wall's, an outer face as the Th-U
 // exterior face.
 constexpr Depart departEntree = departs[0];
-constexpr Depart departSortie
-    = {false, "", true, "0", "4.6", "0.9", "4.14", "4", "20.0", "0.040"};
+constexpr Depart departSortie = {false, "", true, "0", "4.6", "0.9", "4.14", "4", "20.0", "0.040"};
 
 FormulaireResistanceSuperficielle formulaire(const Depart &d)
 {

@@ -86,7 +86,8 @@ QStringList entrees(const QString &dossier, QDir::Filters filtre)
 {
     QStringList noms;
     const QDir d(dossier);
-    for (const QString &n : d.entryList(filtre | QDir::NoDotAndDotDot, QDir::Name | QDir::IgnoreCase)) {
+    for (const QString &n :
+         d.entryList(filtre | QDir::NoDotAndDotDot, QDir::Name | QDir::IgnoreCase)) {
         if (n.startsWith(QLatin1Char('.')))
             continue;
         if (filtre & QDir::Files) {
@@ -106,7 +107,7 @@ QVector<CategorieComposants> ScannerComposants(const QString &dossierComposants)
 {
     QVector<CategorieComposants> categories;
     for (const QString &c : entrees(dossierComposants, QDir::Dirs)) {
-        CategorieComposants categorie{c, {}};
+        CategorieComposants categorie {c, {}};
         const QString dossierCategorie = dossierComposants + QLatin1Char('/') + c;
         for (const QString &v : entrees(dossierCategorie, QDir::Dirs))
             categorie.varietes.append(
@@ -142,9 +143,9 @@ void AppliquerComposant(ContexteParois &ctx, int ligne, const QString &nom,
     // A value chosen from the library replaces what was typed.
     g.setOperation(ligne, C::Conductivite, QString());
     const QString sep = QStringLiteral("£");
-    g.setText(ligne, C::Cache, composant.masseVolumique.trimmed() + sep
-                                   + composant.capacite.trimmed() + sep
-                                   + composant.muSec.trimmed() + sep);
+    g.setText(ligne, C::Cache,
+              composant.masseVolumique.trimmed() + sep + composant.capacite.trimmed() + sep
+                  + composant.muSec.trimmed() + sep);
     CalculU(ctx, ligne);
 }
 
