@@ -412,7 +412,10 @@ void FenetrePrincipale::rafraichirFenetre()
     const EtatVue &v = m_classeur.vue();
     if (v.largeurFenetre <= 0 || v.hauteurFenetre <= 0)
         return;
-    const QSize taille(pixels(v.largeurFenetre), pixels(v.hauteurFenetre));
+    // Wide enough for the toolbar of the sheet, so that no command hides behind the
+    // overflow arrow.
+    const QSize taille(std::max(pixels(v.largeurFenetre), m_barreOutils->sizeHint().width() + 24),
+                       pixels(v.hauteurFenetre));
     if (taille == m_tailleAppliquee && v.centrerFenetre == m_centrageApplique)
         return;
     m_tailleAppliquee = taille;
