@@ -16,17 +16,12 @@ constexpr qint64 tailleMaximale = 1 << 20;
 
 QByteArray lire(const QString &chemin)
 {
-    QFile f(chemin);
-    return f.open(QIODevice::ReadOnly) ? f.read(tailleMaximale) : QByteArray();
+    return LireFichier(chemin, tailleMaximale);
 }
 
 bool ecrire(const QString &chemin, const RecordWriter &w)
 {
-    QSaveFile f(chemin);
-    if (!f.open(QIODevice::WriteOnly))
-        return false;
-    f.write(w.bytes());
-    return f.commit();
+    return EcrireFichier(chemin, w.bytes());
 }
 
 // A record string ends at a double quote: the text keeps a single one instead.

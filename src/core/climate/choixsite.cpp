@@ -35,11 +35,7 @@ void ecrireVille(const DossierApplication &dossier, const QString &ville)
 {
     RecordWriter w;
     w.stringRecord(ville + QStringLiteral("£"));
-    QSaveFile f(dossier.fichier(QStringLiteral("Fichier Ville.txt")));
-    if (f.open(QIODevice::WriteOnly)) {
-        f.write(w.bytes());
-        f.commit();
-    }
+    EcrireFichier(dossier.fichier(QStringLiteral("Fichier Ville.txt")), w.bytes());
 }
 
 } // namespace

@@ -88,11 +88,7 @@ bool EcrireChoixMeteo(const DossierApplication &dossier, const QString &choix)
 {
     RecordWriter w;
     w.stringRecord(choix);
-    QSaveFile f(dossier.fichier(QStringLiteral("Fichiers Météo.txt")));
-    if (!f.open(QIODevice::WriteOnly))
-        return false;
-    f.write(w.bytes());
-    return f.commit();
+    return EcrireFichier(dossier.fichier(QStringLiteral("Fichiers Météo.txt")), w.bytes());
 }
 
 QString DepartementDuChoix(const QString &choix)

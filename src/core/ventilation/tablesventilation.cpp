@@ -23,10 +23,7 @@ QStringList nomsSansExtension(const QString &dossier, const QString &filtre)
 
 QByteArray lire(const QString &chemin)
 {
-    QFile f(chemin);
-    if (!f.open(QIODevice::ReadOnly))
-        return {};
-    return f.readAll();
+    return LireFichier(chemin);
 }
 
 } // namespace
@@ -98,11 +95,7 @@ bool EcrirePositionsVentilation(const DossierApplication &dossier,
     RecordWriter w;
     w.integerRecord(positions.onglet);
     w.integerRecord(positions.table);
-    QSaveFile f(dossier.fichier(QStringLiteral("Ventilation.ini")));
-    if (!f.open(QIODevice::WriteOnly))
-        return false;
-    f.write(w.bytes());
-    return f.commit();
+    return EcrireFichier(dossier.fichier(QStringLiteral("Ventilation.ini")), w.bytes());
 }
 
 } // namespace thermique

@@ -36,20 +36,12 @@ const char *const libellesBoutons[10] = {
 
 QByteArray lireFichier(const QString &chemin)
 {
-    QFile f(chemin);
-    if (!f.open(QIODevice::ReadOnly))
-        return {};
-    // Settings files are a few values: never read a damaged one without bound.
-    return f.read(1 << 20);
+    return LireFichier(chemin);
 }
 
 void ecrireFichier(const QString &chemin, const RecordWriter &w)
 {
-    QSaveFile f(chemin);
-    if (f.open(QIODevice::WriteOnly)) {
-        f.write(w.bytes());
-        f.commit();
-    }
+    EcrireFichier(chemin, w.bytes());
 }
 
 } // namespace

@@ -23,11 +23,7 @@ constexpr qint64 tailleMaximumEtude = 512LL * 1024 * 1024;
 
 QByteArray lire(const QString &chemin, bool *ok = nullptr)
 {
-    QFile f(chemin);
-    const bool ouvert = f.open(QIODevice::ReadOnly) && f.size() <= tailleMaximumEtude;
-    if (ok)
-        *ok = ouvert;
-    return ouvert ? f.readAll() : QByteArray();
+    return LireFichier(chemin, tailleMaximumEtude, ok);
 }
 
 QString cheminCompagnon(const QString &chemin)
@@ -213,20 +209,13 @@ void SauvegardeInter(Classeur &c, int feuille, const QDate &aujourdhui)
         RecordWriter w;
         w.integerRecord(s.NumeroSession);
         w.stringRecord(nom);
-        QSaveFile f(session);
-        if (f.open(QIODevice::WriteOnly)) {
-            f.write(w.bytes());
-            f.commit();
-        }
+        EcrireFichier(session, w.bytes());
         s.SessionOuverte = true;
     }
-    QSaveFile f(QDir(dossier).filePath(nom + QLatin1Char('-') + QString::number(s.NumeroSession)
-                                       + QLatin1Char('.') + QString::number(feuille)
-                                       + QStringLiteral(".sav")));
-    if (f.open(QIODevice::WriteOnly)) {
-        f.write(EcrireInstantane(c.etude(), feuille));
-        f.commit();
-    }
+    EcrireFichier(QDir(dossier).filePath(nom + QLatin1Char('-') + QString::number(s.NumeroSession)
+                                         + QLatin1Char('.') + QString::number(feuille)
+                                         + QStringLiteral(".sav")),
+                  EcrireInstantane(c.etude(), feuille));
 }
 
 QStringList ListeRecuperation(const DossierApplication &dossier)

@@ -2,6 +2,9 @@
 
 #include "nombres.h"
 
+#include <QFile>
+#include <QSaveFile>
+
 #include <cmath>
 
 namespace thermique {
@@ -45,6 +48,21 @@ QString DecoderWindows1252(const QByteArray &octets)
         *p++ = QChar(u >= 0x80 && u < 0xA0 ? table80[u - 0x80] : char16_t(u));
     }
     return texte;
+}
+
+QByteArray LireFichier(const QString &chemin, qint64 maximum, bool *ouvert)
+{
+    QFile f(chemin);
+    const bool ok = f.open(QIODevice::ReadOnly);
+    if (ouvert)
+        *ouvert = ok;
+    return ok ? f.read(maximum) : QByteArray();
+}
+
+bool EcrireFichier(const QString &chemin, const QByteArray &octets)
+{
+    QSaveFile f(chemin);
+    return f.open(QIODevice::WriteOnly) && f.write(octets) == octets.size() && f.commit();
 }
 
 void RecordWriter::separator()

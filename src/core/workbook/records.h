@@ -17,6 +17,12 @@ namespace thermique {
 QByteArray EncoderWindows1252(const QString &texte);
 QString DecoderWindows1252(const QByteArray &octets);
 
+// The bytes of a file, at most `maximum`: a data file is small, and a damaged one is never
+// read without bound. Empty (and `ouvert` false) when it cannot be opened.
+QByteArray LireFichier(const QString &chemin, qint64 maximum = 1 << 20, bool *ouvert = nullptr);
+// Writes the whole file through a temporary one renamed over it only when complete.
+bool EcrireFichier(const QString &chemin, const QByteArray &octets);
+
 class RecordWriter
 {
 public:

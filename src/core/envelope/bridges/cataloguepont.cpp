@@ -133,11 +133,7 @@ bool EcrireFichierPont(const QString &chemin, const FichierPont &fichier)
             for (int c = 0; c < fichier.colonnes(); ++c)
                 w.stringRecord(t.cellule(r, c));
     w.stringRecord(fichier.image);
-    QSaveFile f(chemin);
-    if (!f.open(QIODevice::WriteOnly))
-        return false;
-    f.write(w.bytes());
-    return f.commit();
+    return EcrireFichier(chemin, w.bytes());
 }
 
 bool ValeurUnique(const FichierPont &fichier)

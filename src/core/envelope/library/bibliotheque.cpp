@@ -55,11 +55,7 @@ bool EcrireBibliotheque(const QString &chemin, const Grid &g)
         w.integerRecord(g.rowHeight(r));
     w.integerRecord(g.modeAffichage);
     w.integer(g.col).integer(g.row).endRecord();
-    QSaveFile f(chemin);
-    if (!f.open(QIODevice::WriteOnly))
-        return false;
-    f.write(w.bytes());
-    return f.commit();
+    return EcrireFichier(chemin, w.bytes());
 }
 
 std::optional<Grid> LireBibliotheque(const QString &chemin)

@@ -39,11 +39,11 @@ QString *champ(Composant &c, int i)
 
 std::optional<Composant> LireComposant(const QString &chemin)
 {
-    QFile f(chemin);
-    if (!f.open(QIODevice::ReadOnly))
-        return std::nullopt;
+    bool ouvert = false;
     // A component is a few lines: a huge file is not one, read only its start.
-    RecordReader lecteur(f.read(1 << 16));
+    RecordReader lecteur(LireFichier(chemin, 1 << 16, &ouvert));
+    if (!ouvert)
+        return std::nullopt;
     Composant c;
     const QStringList &libelles = LibellesComposant();
     for (int i = 0; i < libelles.size(); ++i) {
@@ -73,11 +73,7 @@ bool EcrireComposant(const QString &chemin, const Composant &composant)
         valeur.replace(QLatin1Char('"'), QLatin1Char('\''));
         w.stringRecord(libelles[i] + valeur);
     }
-    QSaveFile f(chemin);
-    if (!f.open(QIODevice::WriteOnly))
-        return false;
-    f.write(w.bytes());
-    return f.commit();
+    return EcrireFichier(chemin, w.bytes());
 }
 
 namespace {

@@ -79,13 +79,7 @@ constexpr int lignesMaximales = 5000;
 
 bool ecrireFichier(const QString &chemin, const RecordWriter &w)
 {
-    if (!QDir().mkpath(QFileInfo(chemin).absolutePath()))
-        return false;
-    QSaveFile f(chemin);
-    if (!f.open(QIODevice::WriteOnly))
-        return false;
-    f.write(w.bytes());
-    return f.commit();
+    return QDir().mkpath(QFileInfo(chemin).absolutePath()) && EcrireFichier(chemin, w.bytes());
 }
 
 // Keyed records of the buffer: the key with its separator, and the block rows it fills.
@@ -238,10 +232,10 @@ TamponMenuiserie TamponDepuisBloc(const Grid &g, int tete)
 
 std::optional<TamponMenuiserie> LireTampon(const QString &chemin)
 {
-    QFile f(chemin);
-    if (!f.open(QIODevice::ReadOnly))
+    bool ouvert = false;
+    RecordReader r(LireFichier(chemin, 1 << 20, &ouvert));
+    if (!ouvert)
         return std::nullopt;
-    RecordReader r(f.read(1 << 20));
     TamponMenuiserie t;
     for (QString &s : t.tete)
         s = r.string();
@@ -302,10 +296,10 @@ void AppliquerTampon(ContexteParois &ctx, int tete, const TamponMenuiserie &tamp
 
 std::optional<SaisieFenetre> LireSaisieFenetre(const QString &chemin)
 {
-    QFile f(chemin);
-    if (!f.open(QIODevice::ReadOnly))
+    bool ouvert = false;
+    RecordReader r(LireFichier(chemin, 1 << 20, &ouvert));
+    if (!ouvert)
         return std::nullopt;
-    RecordReader r(f.read(1 << 20));
     SaisieFenetre s;
     for (QString &t : s.textes)
         t = r.string();
